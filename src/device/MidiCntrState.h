@@ -1,0 +1,136 @@
+#pragma once
+
+#include <juce_audio_devices/juce_audio_devices.h>
+
+#include <array>
+#include <atomic>
+#include <memory>
+
+#include "device/MidiCntrStateListener.h"
+#include "device/UpdateCodeQueue.h"
+
+class AutoBank;
+class MIDI_PORTS_Control;
+
+// The central object: everything that knows about the Corvane hangs from it. It receives the
+// instrument's MIDI, builds the messages to it, and tells the editor what changed through 32-bit
+// update codes. One instance lives in the processor; the editor may come and go around it.
+class MidiCntrState : public juce::MidiInputCallback
+{
+public:
+    MidiCntrState();
+    ~MidiCntrState() override;
+
+    // Start-up, run once from the processor's constructor.
+    void InitializeMe();
+
+    //==============================================================================
+    // Listeners and update codes
+
+    void addListener (MidiCntrStateListener* listener);
+    void removeListener (MidiCntrStateListener* listener);
+
+    // Queues a code and tells every listener, last registered first. Safe on any thread:
+    // it neither blocks nor allocates.
+    void Internal_UpdInt (unsigned int code);
+    void Internal_NoteOff (int channel, int note);
+    void Internal_ControlChange (int channel, int controller, int value);
+
+    // Takes the oldest queued code; false when the queue is empty.
+    bool popUpdateCode (unsigned int& code);
+
+    //==============================================================================
+    // Host type: which host we run in, from the path of its executable.
+
+    static int getHostTypeFor (const juce::String& hostPath);
+    int getHostType() const;
+
+    // Tests set this to pose as another host; empty means the real one.
+    juce::String hostPathOverride;
+
+    //==============================================================================
+    // Settings slots, read and written as decimal text. A slot that does not exist reads as 0,
+    // and a write to it is dropped.
+
+    int iniSlotInt (int slot) const;
+    void setIniSlot (int slot, const juce::String& text);
+
+    //==============================================================================
+    // MIDI input from the instrument's port.
+    void handleIncomingMidiMessage (juce::MidiInput* source, const juce::MidiMessage& message) override;
+
+    //==============================================================================
+    // Fields, in their historic order.
+
+    std::unique_ptr<MIDI_PORTS_Control> portControl;
+    juce::StringArray portNames;
+    juce::Array<juce::uint8> sysexBuffer;
+    UpdateCodeQueue updateQueue;
+
+    std::atomic<double> sampleRate { 44100.0 };
+    std::atomic<int> syncMode { 0 };
+    juce::Array<int> syncValues;
+    std::atomic<int> sampleRateIndex { 0 };
+    bool iniFresh = false;
+    int isLogicHost = 0;
+    std::atomic<int> midiChannel { 1 };
+    std::atomic<bool> localFlag { false };
+    std::atomic<int> hostProgram { 0 };
+    std::atomic<bool> updateHostActive { false };
+    std::atomic<bool> editorOpen { false };
+    bool splashShown = false;
+
+    // Audio-thread frame: sample count of the last block, and the notes the host holds.
+    std::atomic<int> blockSize { 0 };
+    std::array<juce::uint8, 128> noteHeld {};
+
+    std::atomic<bool> transferBusy { false };
+    std::atomic<bool> bankDumpActive { false };
+    std::atomic<int> transferKind { -1 };
+    int transferStep = 0;
+    int transferProgram = 0;
+    int transferBank = 0;
+    bool transferTimerOn = false;
+
+    juce::StringArray iniStrings;
+
+    juce::Array<juce::uint16> autoParamA, paramMax, autoParamB;
+
+    std::atomic<int> bankNumber { 0 };
+    std::atomic<int> programNumber { 0 };
+    juce::uint8 deviceId = 0;
+    juce::uint8 pendingParam = 0;
+    juce::uint8 pendingMsb = 0;
+    std::atomic<bool> hostEcho { true };
+
+    juce::Array<juce::uint16> soundToHost, hostToSound;
+
+    std::array<std::atomic<int>, 4> tsCtrl { -1, -1, -1, -1 };
+    std::array<std::atomic<int>, 4> tsValue { 0, 0, 0, 0 };
+
+    std::array<AutoBank*, 8> banks {};
+    juce::Array<AutoBank*> bankList;
+    AutoBank* editBuffer = nullptr;
+
+    std::atomic<bool> scanActive { false };
+    std::atomic<bool> deviceOnline { false };
+    int scanInput = 0, scanOutput = 0;
+
+    // Guards the listener registrations and hostMidi.
+    juce::CriticalSection lock;
+    juce::MidiBuffer hostMidi;
+
+    int keyBase = 48;
+    int keyVelocity = 100;
+
+    static constexpr int maxListeners = 8;
+
+private:
+    // Listeners are read without a lock on the MIDI and audio threads, so registrations live in
+    // atomic slots; removal waits until no notification that may still hold the pointer runs.
+    std::array<std::atomic<MidiCntrStateListener*>, maxListeners> listenerSlots {};
+    std::atomic<int> listenerCount { 0 };
+    std::atomic<int> notificationsInFlight { 0 };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MidiCntrState)
+};

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include "device/MidiCntrState.h"
+#include "sound/ParDes.h"
+
+// What the host loads. It makes no sound: the audio passes through, and the work is MIDI between
+// the host, this object's MidiCntrState and the instrument.
+class DeskerAudioProcessor : public juce::AudioProcessor,
+                             public juce::ChangeBroadcaster
+{
+public:
+    DeskerAudioProcessor();
+    ~DeskerAudioProcessor() override;
+
+    const juce::String getName() const override { return "Corvane Desker"; }
+
+    void prepareToPlay (double sampleRate, int samplesPerBlock) override;
+    void releaseResources() override;
+    void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override;
+    using juce::AudioProcessor::processBlock;
+
+    double getTailLengthSeconds() const override { return 0.0; }
+    bool acceptsMidi() const override { return true; }
+    bool producesMidi() const override { return true; }
+    bool isMidiEffect() const override { return false; }
+
+    juce::AudioProcessorEditor* createEditor() override;
+    bool hasEditor() const override { return true; }
+
+    int getNumPrograms() override { return 128; }
+    int getCurrentProgram() override;
+    void setCurrentProgram (int index) override;
+    const juce::String getProgramName (int index) override;
+    void changeProgramName (int index, const juce::String& newName) override;
+
+    void getStateInformation (juce::MemoryBlock& destData) override;
+    void setStateInformation (const void* data, int sizeInBytes) override;
+
+    // The legacy parameter interface is the whole of the host's parameter list.
+    JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
+    int getNumParameters() override { return 315; }
+    const juce::String getParameterName (int index) override;
+    const juce::String getInputChannelName (int channelIndex) const override { return juce::String (channelIndex + 1); }
+    const juce::String getOutputChannelName (int channelIndex) const override { return juce::String (channelIndex + 1); }
+    bool isInputChannelStereoPair (int) const override { return true; }
+    bool isOutputChannelStereoPair (int) const override { return true; }
+    bool silenceInProducesSilenceOut() const override { return false; }
+    JUCE_END_IGNORE_WARNINGS_GCC_LIKE
+
+    // Index of a sample rate in the compensation tables; rates not listed count as 0.
+    static int sampleRateIndexFor (int sampleRate);
+
+    // Sample position of a device note that waits for the host, spread over a block of n samples:
+    // `first` and `last` are the stamps of the first and last waiting events.
+    static int spreadPosition (int stamp, int first, int last, int numSamples);
+
+    // True when a message from the host goes on to the instrument at once; the controllers the
+    // instrument reads as sound parameters, bank select and program change go by the state instead.
+    static bool sendsToDeviceAtOnce (const juce::uint8* data, int numBytes);
+
+    // Size of the first editor, from the height of the main display's user area (none: smallest).
+    static juce::Point<int> editorSizeForDisplayHeight (int userAreaHeight);
+
+    //==============================================================================
+    juce::AudioPlayHead::CurrentPositionInfo hostPosition;
+    ParDes parDes;
+    int editorWidth = 978, editorHeight = 480;
+    MidiCntrState midiCntrState;
+    juce::MemoryBlock gestureOpen;
+    juce::Array<int> hostValues;
+
+private:
+    static void resetPosition (juce::AudioPlayHead::CurrentPositionInfo& position);
+    void takeSampleRate (int rate);
+    void hostMidiToDevice (const juce::MidiMessageMetadata& event);
+    void hostMidiToState (const juce::MidiMessageMetadata& event);
+    void deviceNotesToHost (juce::MidiBuffer& midi, int numSamples);
+    void readPlayHead();
+
+    // One outgoing message at a time, prepared so that sending needs no allocation.
+    juce::MidiBuffer sendBuffer;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (DeskerAudioProcessor)
+};

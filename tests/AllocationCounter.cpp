@@ -1,0 +1,32 @@
+#include "AllocationCounter.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace
+{
+thread_local bool counting = false;
+thread_local size_t allocations = 0;
+
+void* allocate (std::size_t size)
+{
+    if (counting)
+        ++allocations;
+
+    if (void* p = std::malloc (size == 0 ? 1 : size))
+        return p;
+
+    throw std::bad_alloc();
+}
+} // namespace
+
+void* operator new (std::size_t size) { return allocate (size); }
+void* operator new[] (std::size_t size) { return allocate (size); }
+void operator delete (void* p) noexcept { std::free (p); }
+void operator delete[] (void* p) noexcept { std::free (p); }
+void operator delete (void* p, std::size_t) noexcept { std::free (p); }
+void operator delete[] (void* p, std::size_t) noexcept { std::free (p); }
+
+ScopedAllocationCount::ScopedAllocationCount() : start (allocations) { counting = true; }
+ScopedAllocationCount::~ScopedAllocationCount() { counting = false; }
+size_t ScopedAllocationCount::count() const { return allocations - start; }
