@@ -178,7 +178,7 @@ TEST (ControllerState, StartUpDefaultsAndLogicCompensation)
         EXPECT_EQ (state.isLogicHost, 0);
         EXPECT_EQ (state.syncMode.load(), 0);
         EXPECT_EQ (state.paramMax.size(), 200);
-        EXPECT_EQ (state.syncValues.size(), 7);
+        EXPECT_EQ (state.syncValueCount.load(), 7);
         EXPECT_FALSE (state.localFlag.load());
     }
     {

@@ -51,9 +51,10 @@ void MidiCntrState::InitializeMe()
 
     syncMode = isLogicHost == 1 ? iniSlotInt (17) : 0;
 
-    syncValues.clearQuick();
+    juce::Array<int> values;
     for (int slot : { 11, 12, 13, 14, 15, 16, 18 })
-        syncValues.add (iniSlotInt (slot));
+        values.add (iniSlotInt (slot));
+    setSyncValues (values);
 }
 
 //==============================================================================

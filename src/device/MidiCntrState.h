@@ -56,6 +56,13 @@ public:
     void setIniSlot (int slot, const juce::String& text);
 
     //==============================================================================
+    // Latency compensation: milliseconds added to the send times of timed MIDI, from syncMode,
+    // syncValues and the sample rate's index.
+    int getCompensation() const;
+    static int compensationFor (int mode, const int* values, int valueCount, int rateIndex);
+    void SetSyncModes (int mode, const juce::Array<int>& values);
+
+    //==============================================================================
     // MIDI input from the instrument's port.
     void handleIncomingMidiMessage (juce::MidiInput* source, const juce::MidiMessage& message) override;
 
@@ -69,7 +76,10 @@ public:
 
     std::atomic<double> sampleRate { 44100.0 };
     std::atomic<int> syncMode { 0 };
-    juce::Array<int> syncValues;
+    // Seven saved compensation values: six per rate index, the seventh for all rates. Read on the
+    // audio thread while the setup panel writes them, hence element-wise atomics.
+    std::array<std::atomic<int>, 7> syncValues {};
+    std::atomic<int> syncValueCount { 0 };
     std::atomic<int> sampleRateIndex { 0 };
     bool iniFresh = false;
     int isLogicHost = 0;
@@ -126,6 +136,8 @@ public:
     static constexpr int maxListeners = 8;
 
 private:
+    void setSyncValues (const juce::Array<int>& values);
+
     // Listeners are read without a lock on the MIDI and audio threads, so registrations live in
     // atomic slots; removal waits until no notification that may still hold the pointer runs.
     std::array<std::atomic<MidiCntrStateListener*>, maxListeners> listenerSlots {};

@@ -23,6 +23,8 @@ DeskerAudioProcessor::DeskerAudioProcessor()
     hostValues.insertMultiple (0, 0, 1000);
     hostValues.set (64, 100);
     gestureOpen.setSize (1000, true);
+    if (clockBuffer.data.size() < 2048)
+        clockBuffer.ensureSize (3080);
     sendBuffer.ensureSize (sendBufferBytes);
 
     // Headless hosts scan plug-ins with no display: then the smallest size is taken.
@@ -85,6 +87,7 @@ void DeskerAudioProcessor::prepareToPlay (double sampleRate, int samplesPerBlock
     takeSampleRate ((int) sampleRate);
     midiCntrState.blockSize = samplesPerBlock;
     setLatencySamples (0);
+    midiClock.enabled = midiCntrState.localFlag.load();
 
     const juce::ScopedLock sl (midiCntrState.lock);
     midiCntrState.noteHeld.fill (0);
@@ -93,6 +96,7 @@ void DeskerAudioProcessor::prepareToPlay (double sampleRate, int samplesPerBlock
 
 void DeskerAudioProcessor::releaseResources()
 {
+    midiClock.enabled = midiCntrState.localFlag.load();
     const juce::ScopedLock sl (midiCntrState.lock);
     midiCntrState.noteHeld.fill (0);
     midiCntrState.hostMidi.clear();
@@ -106,6 +110,8 @@ void DeskerAudioProcessor::processBlock (juce::AudioBuffer<float>& buffer, juce:
     if ((double) rate != midiCntrState.sampleRate.load())
         takeSampleRate (rate);
     midiCntrState.blockSize = numSamples;
+
+    runClock (numSamples);
 
     {
         const juce::ScopedLock sl (midiCntrState.lock);
@@ -127,6 +133,29 @@ void DeskerAudioProcessor::processBlock (juce::AudioBuffer<float>& buffer, juce:
 
     // Read at the end of the block: the clock works from the previous block's position.
     readPlayHead();
+}
+
+void DeskerAudioProcessor::runClock (int numSamples)
+{
+    const juce::ScopedLock sl (clockLock);
+
+    auto* ports = midiCntrState.portControl.get();
+    if (ports == nullptr || ! ports->outputOpen)
+        return;
+
+    const double rate = midiCntrState.sampleRate.load();
+    midiClock.runBlock (hostPosition, rate, numSamples, clockBuffer);
+
+    if (clockBuffer.isEmpty())
+        return;
+
+    // With the clock switched off not even Stop, Continue or the pointer reach the instrument.
+    midiClock.enabled = midiCntrState.localFlag.load();
+    if (midiClock.enabled && ports->outputOpen)
+        ports->sendBlockOfMessages (clockBuffer,
+                                    juce::Time::getMillisecondCounterHiRes() + midiCntrState.getCompensation(),
+                                    (double) (int) rate);
+    clockBuffer.clear();
 }
 
 //==============================================================================
@@ -169,9 +198,14 @@ void DeskerAudioProcessor::hostMidiToDevice (const juce::MidiMessageMetadata& ev
     if (ports == nullptr || ! ports->outputOpen || ! sendsToDeviceAtOnce (data, numBytes))
         return;
 
+    // A message at sample 0 leaves at once; later ones line up with the audio, compensated.
+    double start = juce::Time::getMillisecondCounter();
+    if (event.samplePosition >= 1)
+        start += midiCntrState.getCompensation();
+
     sendBuffer.clear();
     sendBuffer.addEvent (data, numBytes, event.samplePosition);
-    ports->sendBlockOfMessages (sendBuffer, juce::Time::getMillisecondCounter(), midiCntrState.sampleRate.load());
+    ports->sendBlockOfMessages (sendBuffer, start, (double) (int) midiCntrState.sampleRate.load());
 }
 
 void DeskerAudioProcessor::hostMidiToState (const juce::MidiMessageMetadata& event)

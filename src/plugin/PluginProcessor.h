@@ -3,6 +3,7 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include "device/MidiCntrState.h"
+#include "plugin/Hn_MidiClock.h"
 #include "sound/ParDes.h"
 
 // What the host loads. It makes no sound: the audio passes through, and the work is MIDI between
@@ -70,6 +71,9 @@ public:
     MidiCntrState midiCntrState;
     juce::MemoryBlock gestureOpen;
     juce::Array<int> hostValues;
+    Hn_MidiClock midiClock;
+    juce::MidiBuffer clockBuffer;
+    juce::CriticalSection clockLock; // the audio thread's alone
 
 private:
     static void resetPosition (juce::AudioPlayHead::CurrentPositionInfo& position);
@@ -78,6 +82,7 @@ private:
     void hostMidiToState (const juce::MidiMessageMetadata& event);
     void deviceNotesToHost (juce::MidiBuffer& midi, int numSamples);
     void readPlayHead();
+    void runClock (int numSamples);
 
     // One outgoing message at a time, prepared so that sending needs no allocation.
     juce::MidiBuffer sendBuffer;
