@@ -123,7 +123,7 @@ TEST (ControllerState, QueueKeepsEachProducersOrderUnderConcurrency)
 
 TEST (ControllerState, FullQueueDropsNewCodesWithoutBlocking)
 {
-    UpdateCodeQueue queue (8);
+    LockFreeQueue<uint32_t> queue (8);
     for (uint32_t i = 0; i < 8; ++i)
         EXPECT_TRUE (queue.push (i));
     EXPECT_FALSE (queue.push (99));
@@ -177,7 +177,7 @@ TEST (ControllerState, StartUpDefaultsAndLogicCompensation)
         EXPECT_EQ (state.midiChannel.load(), 1);
         EXPECT_EQ (state.isLogicHost, 0);
         EXPECT_EQ (state.syncMode.load(), 0);
-        EXPECT_EQ (state.paramMax.size(), 200);
+        EXPECT_EQ (state.paramMax.size(), 556);
         EXPECT_EQ (state.syncValueCount.load(), 7);
         EXPECT_FALSE (state.localFlag.load());
     }

@@ -1,6 +1,7 @@
 #include "device/MidiCntrState.h"
 
 #include "device/MIDI_PORTS_Control.h"
+#include "plugin/HandlerComp.h"
 
 #include <thread>
 
@@ -16,6 +17,7 @@ void MidiCntrState::InitializeMe()
     // Host parameter tops: every parameter reaches 127 until the host tables are built.
     paramMax.clearQuick();
     paramMax.insertMultiple (0, 127, 200);
+    SetAutoParam();
 
     // 32 spare slots beyond the 60 that the settings file carries.
     for (int i = 0; i < 32; ++i)
@@ -32,6 +34,7 @@ void MidiCntrState::InitializeMe()
         midiChannel = channel;
     }
 
+    handler = std::make_unique<HandlerComp>();
     portControl = std::make_unique<MIDI_PORTS_Control>();
 
     localFlag = iniSlotInt (43) == 1;

@@ -7,9 +7,10 @@
 #include <memory>
 
 #include "device/MidiCntrStateListener.h"
-#include "device/UpdateCodeQueue.h"
+#include "device/LockFreeQueue.h"
 
 class AutoBank;
+class HandlerComp;
 class MIDI_PORTS_Control;
 
 // The central object: everything that knows about the Corvane hangs from it. It receives the
@@ -56,6 +57,12 @@ public:
     void setIniSlot (int slot, const juce::String& text);
 
     //==============================================================================
+    // Host parameters: the tables behind the host's list, and the road from the instrument to it.
+    void SetAutoParam();
+    void SendVST3_Message (const juce::MidiMessage& message);
+    float normalisedFor (int hostIndex, int value) const;
+
+    //==============================================================================
     // Latency compensation: milliseconds added to the send times of timed MIDI, from syncMode,
     // syncValues and the sample rate's index.
     int getCompensation() const;
@@ -72,7 +79,8 @@ public:
     std::unique_ptr<MIDI_PORTS_Control> portControl;
     juce::StringArray portNames;
     juce::Array<juce::uint8> sysexBuffer;
-    UpdateCodeQueue updateQueue;
+    LockFreeQueue<uint32_t> updateQueue;
+    std::unique_ptr<HandlerComp> handler;
 
     std::atomic<double> sampleRate { 44100.0 };
     std::atomic<int> syncMode { 0 };

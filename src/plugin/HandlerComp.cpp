@@ -1,0 +1,7 @@
+#include "plugin/HandlerComp.h"
+
+void HandlerComp::SendParam (int hostIndex, float normalised)
+{
+    pending.push ({ hostIndex, normalised });
+    sendChangeMessage();
+}
