@@ -1,12 +1,15 @@
 #include "plugin/PluginProcessor.h"
 
+#include "../tests/ScratchFolder.h"
+
 #include <benchmark/benchmark.h>
 
 // One host block with a few host MIDI events and a few device notes waiting for the host.
 static void BM_ProcessBlock (benchmark::State& run)
 {
     const int numSamples = (int) run.range (0);
-    DeskerAudioProcessor processor;
+    ScratchFolder settings;
+    DeskerAudioProcessor processor { settings.dir };
     processor.setRateAndBufferSizeDetails (48000.0, numSamples);
     processor.prepareToPlay (48000.0, numSamples);
 

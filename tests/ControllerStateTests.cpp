@@ -1,4 +1,5 @@
 #include "device/MidiCntrState.h"
+#include "ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -169,8 +170,10 @@ TEST (ControllerState, HostTypeTable)
 
 TEST (ControllerState, StartUpDefaultsAndLogicCompensation)
 {
+    ScratchFolder settings;
     {
         MidiCntrState state;
+        state.settingsFolder = settings.dir;
         state.hostPathOverride = "/usr/bin/reaper";
         state.InitializeMe();
 
@@ -183,6 +186,7 @@ TEST (ControllerState, StartUpDefaultsAndLogicCompensation)
     }
     {
         MidiCntrState state;
+        state.settingsFolder = settings.dir;
         state.hostPathOverride = "/Applications/Logic Pro X";
         state.InitializeMe();
         EXPECT_EQ (state.isLogicHost, 1);

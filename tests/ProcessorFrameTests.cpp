@@ -1,6 +1,7 @@
 #include "plugin/PluginProcessor.h"
 
 #include "AllocationCounter.h"
+#include "ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +37,8 @@ struct Frame : ::testing::Test
         return drain (state());
     }
 
-    DeskerAudioProcessor processor;
+    ScratchFolder settings;
+    DeskerAudioProcessor processor { settings.dir };
 };
 
 constexpr unsigned ch (int channel) { return (unsigned) channel << 14; }

@@ -2,6 +2,7 @@
 
 #include "device/MIDI_PORTS_Control.h"
 #include "plugin/HandlerComp.h"
+#include "sound/AutoBank.h"
 
 #include <thread>
 
@@ -9,7 +10,23 @@ MidiCntrState::MidiCntrState() = default;
 
 MidiCntrState::~MidiCntrState()
 {
+    if (initialised)
+    {
+        ReadWriteIni (1);
+        WriteDataFile();
+    }
+
+    for (int i = (int) banks.size() - 1; i >= 0; --i)
+    {
+        delete banks[(size_t) i];
+        banks[(size_t) i] = nullptr;
+    }
+    bankList.clearQuick();
+
     portControl.reset();
+
+    delete editBuffer;
+    editBuffer = nullptr;
 }
 
 void MidiCntrState::InitializeMe()
@@ -18,6 +35,8 @@ void MidiCntrState::InitializeMe()
     paramMax.clearQuick();
     paramMax.insertMultiple (0, 127, 200);
     SetAutoParam();
+
+    ReadWriteIni (0);
 
     // 32 spare slots beyond the 60 that the settings file carries.
     for (int i = 0; i < 32; ++i)
@@ -33,6 +52,18 @@ void MidiCntrState::InitializeMe()
     {
         midiChannel = channel;
     }
+
+    for (int i = 0; i < (int) banks.size(); ++i)
+    {
+        banks[(size_t) i] = new AutoBank (i);
+        bankList.add (banks[(size_t) i]);
+    }
+
+    ReadDataFile();
+
+    editBuffer = new AutoBank (0);
+    editBuffer->Initialize_Bank();
+    initialised = true;
 
     handler = std::make_unique<HandlerComp>();
     portControl = std::make_unique<MIDI_PORTS_Control>();

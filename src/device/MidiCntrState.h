@@ -62,12 +62,33 @@ public:
     void SendVST3_Message (const juce::MidiMessage& message);
     float normalisedFor (int hostIndex, int value) const;
 
+    //=======================================================================
     //==============================================================================
     // Latency compensation: milliseconds added to the send times of timed MIDI, from syncMode,
     // syncValues and the sample rate's index.
     int getCompensation() const;
     static int compensationFor (int mode, const int* values, int valueCount, int rateIndex);
     void SetSyncModes (int mode, const juce::Array<int>& values);
+=======
+    // Settings file and data file (MidiCntrStateFile.cpp). Both live in the folder "DeskSettings"
+    // beside the user's application data directory; every instance on the machine shares them.
+
+    // Tests and tools point this at a folder of their own; empty means the user's folder.
+    juce::File settingsFolder;
+    juce::File getSettingsFolder() const;
+
+    // 0 reads the settings into iniStrings, 1 writes iniStrings out.
+    void ReadWriteIni (int mode);
+    void INI_Defaults();
+    static juce::String ArrayToString (juce::StringArray strings);
+
+    // The seven user banks: loaded at start-up (factory data when the file is absent or of any
+    // other size than dataFileBytes), saved by the destructor.
+    void ReadDataFile();
+    void WriteDataFile();
+
+    static constexpr int numIniSlots = 60;
+    static constexpr int dataFileBytes = 358427;
 
     //==============================================================================
     // MIDI input from the instrument's port.
@@ -145,6 +166,9 @@ public:
 
 private:
     void setSyncValues (const juce::Array<int>& values);
+    // True once InitializeMe has run: a state that never started has nothing of the user's to
+    // save and must not overwrite the shared files.
+    bool initialised = false;
 
     // Listeners are read without a lock on the MIDI and audio threads, so registrations live in
     // atomic slots; removal waits until no notification that may still hold the pointer runs.

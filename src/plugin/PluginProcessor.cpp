@@ -11,13 +11,14 @@ namespace
 constexpr int sendBufferBytes = 4096;
 } // namespace
 
-DeskerAudioProcessor::DeskerAudioProcessor()
+DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder)
     : juce::AudioProcessor (BusesProperties()
                                 .withInput ("Input", juce::AudioChannelSet::stereo(), true)
                                 .withOutput ("Output", juce::AudioChannelSet::stereo(), true))
 {
     resetPosition (hostPosition);
 
+    midiCntrState.settingsFolder = settingsFolder;
     midiCntrState.InitializeMe();
 
     hostValues.insertMultiple (0, 0, 1000);

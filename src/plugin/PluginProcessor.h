@@ -12,7 +12,8 @@ class DeskerAudioProcessor : public juce::AudioProcessor,
                              public juce::ChangeBroadcaster
 {
 public:
-    DeskerAudioProcessor();
+    // settingsFolder: where the settings and data files live; empty means the user's folder.
+    explicit DeskerAudioProcessor (const juce::File& settingsFolder = {});
     ~DeskerAudioProcessor() override;
 
     const juce::String getName() const override { return "Corvane Desker"; }

@@ -26,7 +26,6 @@ bool FileMan::Load_Bank_Data (const juce::Array<unsigned char>& data, AutoBank& 
 juce::MemoryBlock FileMan::Bank_File_Data (AutoBank& bank)
 {
     juce::MemoryBlock out;
-    out.ensureSize ((size_t) bankFileBytes);
     for (int p = 0; p < AutoBank::numPrograms; ++p)
         out.append (bank.Export_Syx_Bank_Buf_MB (p, 0).getData(), (size_t) AutoBank::patchFrameBytes);
     return out;

@@ -1,11 +1,13 @@
 #include "plugin/PluginEditor.h"
 #include "plugin/PluginProcessor.h"
+#include "ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
 TEST (EditorShell, SizeIsKeptAcrossEditorLifetimes)
 {
-    DeskerAudioProcessor processor;
+    ScratchFolder settings;
+    DeskerAudioProcessor processor { settings.dir };
     const auto firstSize = juce::Point<int> (processor.editorWidth, processor.editorHeight);
 
     {
@@ -21,7 +23,7 @@ TEST (EditorShell, SizeIsKeptAcrossEditorLifetimes)
     }
 
     // A new instance sizes its first editor from the display, not from the other instance.
-    DeskerAudioProcessor second;
+    DeskerAudioProcessor second { settings.dir };
     EXPECT_EQ (juce::Point<int> (second.editorWidth, second.editorHeight), firstSize);
 
     const auto* display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();

@@ -273,7 +273,7 @@ int convert (const juce::StringArray& args)
 {
     int bank = -1;
     int first = 2;
-    if (args.size() == 5 && args[2] == "--bank")
+    if (args.size() == 6 && args[2] == "--bank")
     {
         const auto letter = args[3].toUpperCase();
         if (letter.length() != 1 || letter[0] < 'A' || letter[0] > 'G')
