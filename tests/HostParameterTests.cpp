@@ -1,5 +1,6 @@
 #include "device/MidiCntrState.h"
 #include "plugin/HandlerComp.h"
+#include "ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +56,9 @@ TEST (HostParameterTables, TopValuesDisplayCodesAndIndexMaps)
 
 TEST (HostParameterTables, InstrumentMessagesReachTheHostQueueInOrder)
 {
+    ScratchFolder settings;
     MidiCntrState state;
+    state.settingsFolder = settings.dir;
     state.InitializeMe();
 
     state.SendVST3_Message (juce::MidiMessage::controllerEvent (1, 20, 127));
@@ -80,7 +83,9 @@ TEST (HostParameterTables, InstrumentMessagesReachTheHostQueueInOrder)
 
 TEST (HostParameterTables, InstrumentNotesWaitForTheHostAndGoStale)
 {
+    ScratchFolder settings;
     MidiCntrState state;
+    state.settingsFolder = settings.dir;
     state.InitializeMe();
 
     state.SendVST3_Message (juce::MidiMessage::noteOn (1, 60, (juce::uint8) 100));

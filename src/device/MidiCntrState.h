@@ -62,14 +62,14 @@ public:
     void SendVST3_Message (const juce::MidiMessage& message);
     float normalisedFor (int hostIndex, int value) const;
 
-    //=======================================================================
     //==============================================================================
     // Latency compensation: milliseconds added to the send times of timed MIDI, from syncMode,
     // syncValues and the sample rate's index.
     int getCompensation() const;
     static int compensationFor (int mode, const int* values, int valueCount, int rateIndex);
     void SetSyncModes (int mode, const juce::Array<int>& values);
-=======
+
+    //==============================================================================
     // Settings file and data file (MidiCntrStateFile.cpp). Both live in the folder "DeskSettings"
     // beside the user's application data directory; every instance on the machine shares them.
 
