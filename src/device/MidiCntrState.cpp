@@ -3,10 +3,18 @@
 #include "device/MIDI_PORTS_Control.h"
 #include "plugin/HandlerComp.h"
 #include "sound/AutoBank.h"
+#include "device/SystemMidiBackend.h"
 
 #include <thread>
 
-MidiCntrState::MidiCntrState() = default;
+MidiCntrState::MidiCntrState (MidiBackend* midiBackend) : backend (midiBackend)
+{
+    if (backend == nullptr)
+    {
+        systemBackend = std::make_unique<SystemMidiBackend>();
+        backend = systemBackend.get();
+    }
+}
 
 MidiCntrState::~MidiCntrState()
 {
@@ -15,6 +23,10 @@ MidiCntrState::~MidiCntrState()
         ReadWriteIni (1);
         WriteDataFile();
     }
+
+    // The input thread writes into the banks: it stops before they go.
+    if (portControl != nullptr)
+        portControl->closeDevice (true, portControl->currentInput);
 
     for (int i = (int) banks.size() - 1; i >= 0; --i)
     {
@@ -66,7 +78,7 @@ void MidiCntrState::InitializeMe()
     initialised = true;
 
     handler = std::make_unique<HandlerComp>();
-    portControl = std::make_unique<MIDI_PORTS_Control>();
+    openSavedPorts();
 
     localFlag = iniSlotInt (43) == 1;
 

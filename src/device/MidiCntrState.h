@@ -12,6 +12,7 @@
 class AutoBank;
 class HandlerComp;
 class MIDI_PORTS_Control;
+class MidiBackend;
 
 // The central object: everything that knows about the Corvane hangs from it. It receives the
 // instrument's MIDI, builds the messages to it, and tells the editor what changed through 32-bit
@@ -19,7 +20,9 @@ class MIDI_PORTS_Control;
 class MidiCntrState : public juce::MidiInputCallback
 {
 public:
-    MidiCntrState();
+    // The ports are reached through `midiBackend`; null means the system's MIDI
+    // devices. Tests and tools pass virtual devices here.
+    explicit MidiCntrState (MidiBackend* midiBackend = nullptr);
     ~MidiCntrState() override;
 
     // Start-up, run once from the processor's constructor.
@@ -93,6 +96,14 @@ public:
     //==============================================================================
     // MIDI input from the instrument's port.
     void handleIncomingMidiMessage (juce::MidiInput* source, const juce::MidiMessage& message) override;
+
+    //==============================================================================
+    // Ports (MidiCntrState_MIDI_PORTS.cpp): the chosen port names live in the
+    // ports file of the settings folder.
+
+    void open_Device (bool isInput, int index);
+    void ReadWritePorts (int mode);
+    void SavePortStrings();
 
     //==============================================================================
     // Fields, in their historic order.
@@ -169,6 +180,13 @@ private:
     // True once InitializeMe has run: a state that never started has nothing of the user's to
     // save and must not overwrite the shared files.
     bool initialised = false;
+
+    // InitializeMe's ports: the manager, the saved names, the ports opened by name.
+    void openSavedPorts();
+    juce::File portsFile() const;
+
+    std::unique_ptr<MidiBackend> systemBackend;
+    MidiBackend* backend = nullptr;
 
     // Listeners are read without a lock on the MIDI and audio threads, so registrations live in
     // atomic slots; removal waits until no notification that may still hold the pointer runs.

@@ -11,10 +11,11 @@ namespace
 constexpr int sendBufferBytes = 4096;
 } // namespace
 
-DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder)
+DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, MidiBackend* midiBackend)
     : juce::AudioProcessor (BusesProperties()
                                 .withInput ("Input", juce::AudioChannelSet::stereo(), true)
-                                .withOutput ("Output", juce::AudioChannelSet::stereo(), true))
+                                .withOutput ("Output", juce::AudioChannelSet::stereo(), true)),
+      midiCntrState (midiBackend)
 {
     resetPosition (hostPosition);
 

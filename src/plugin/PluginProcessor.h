@@ -12,8 +12,9 @@ class DeskerAudioProcessor : public juce::AudioProcessor,
                              public juce::ChangeBroadcaster
 {
 public:
-    // settingsFolder: where the settings and data files live; empty means the user's folder.
-    explicit DeskerAudioProcessor (const juce::File& settingsFolder = {});
+    // settingsFolder: where the settings files live, empty for the user's folder; midiBackend:
+    // the MIDI devices, null for the system's.
+    explicit DeskerAudioProcessor (const juce::File& settingsFolder = {}, MidiBackend* midiBackend = nullptr);
     ~DeskerAudioProcessor() override;
 
     const juce::String getName() const override { return "Corvane Desker"; }

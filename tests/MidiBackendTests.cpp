@@ -1,0 +1,222 @@
+#include "device/InProcessMidiBackend.h"
+#include "device/TimedMidiSender.h"
+
+#include <gtest/gtest.h>
+
+#include <mutex>
+#include <thread>
+
+namespace
+{
+// Collects what reaches a virtual device, for delivery checks.
+struct Recorder : juce::MidiInputCallback
+{
+    void handleIncomingMidiMessage (juce::MidiInput*, const juce::MidiMessage& m) override { received.push_back (m); }
+    std::vector<juce::MidiMessage> received;
+};
+
+// Answers every message it gets with a note on one higher, up to a limit:
+// replies produced during delivery join the same run.
+struct Echo : juce::MidiInputCallback
+{
+    Echo (InProcessMidiBackend& b, juce::String s) : backend (b), source (std::move (s)) {}
+    void handleIncomingMidiMessage (juce::MidiInput*, const juce::MidiMessage& m) override
+    {
+        if (m.getNoteNumber() < 10)
+            backend.sendFromSource (source, juce::MidiMessage::noteOn (1, m.getNoteNumber() + 1, (juce::uint8) 100));
+    }
+    InProcessMidiBackend& backend;
+    juce::String source;
+};
+} // namespace
+
+TEST (InProcessMidi, DeliversInOrderAndLogsScheduledTimes)
+{
+    InProcessMidiBackend backend;
+    Recorder device;
+    const auto dest = backend.addDestination ("Synth", &device);
+
+    auto out = backend.openOutput (dest);
+    ASSERT_NE (out, nullptr);
+    const juce::uint8 a[] = { 0x90, 60, 100 }, b[] = { 0x80, 60, 0 };
+    out->send (b, 3, 250.0);
+    out->send (a, 3, 100.0);
+
+    // Nothing moves before delivery; the log already has both, as sent.
+    EXPECT_TRUE (device.received.empty());
+    const auto log = backend.messagesTo (dest);
+    ASSERT_EQ (log.size(), 2u);
+    EXPECT_EQ (log[0].timeMs, 250.0);
+    EXPECT_EQ (log[1].timeMs, 100.0);
+
+    EXPECT_EQ (backend.deliverPending(), 2);
+    ASSERT_EQ (device.received.size(), 2u);
+    EXPECT_TRUE (device.received[0].isNoteOff());
+    EXPECT_TRUE (device.received[1].isNoteOn());
+}
+
+TEST (InProcessMidi, RepliesDuringDeliveryRunInTheSameCall)
+{
+    InProcessMidiBackend backend;
+    const auto src = backend.addSource ("Synth out");
+    Echo echo (backend, src);
+    const auto dest = backend.addDestination ("Synth in", &echo);
+
+    // Our side listens on the source and sends each note back to the echo.
+    struct Forward : juce::MidiInputCallback
+    {
+        MidiBackend::Output* out = nullptr;
+        int count = 0;
+        void handleIncomingMidiMessage (juce::MidiInput*, const juce::MidiMessage& m) override
+        {
+            ++count;
+            out->send (m.getRawData(), m.getRawDataSize(), 0.0);
+        }
+    } forward;
+
+    auto out = backend.openOutput (dest);
+    auto in = backend.openInput (src, &forward);
+    forward.out = out.get();
+    in->start();
+
+    const juce::uint8 first[] = { 0x90, 0, 100 };
+    out->send (first, 3, 0.0);
+    backend.deliverPending();
+    EXPECT_EQ (forward.count, 10); // notes 1 to 10, without recursion
+    EXPECT_EQ (backend.messagesTo (dest).size(), 11u);
+}
+
+TEST (InProcessMidi, StoppedInputsAndUnpluggedDevicesGoSilent)
+{
+    InProcessMidiBackend backend;
+    const auto src = backend.addSource ("Keys");
+    Recorder listener;
+    auto in = backend.openInput (src, &listener);
+
+    backend.sendFromSource (src, juce::MidiMessage::noteOn (1, 1, (juce::uint8) 1));
+    backend.deliverPending();
+    EXPECT_TRUE (listener.received.empty()); // not started
+
+    in->start();
+    backend.sendFromSource (src, juce::MidiMessage::noteOn (1, 2, (juce::uint8) 1));
+    backend.deliverPending();
+    EXPECT_EQ (listener.received.size(), 1u);
+
+    backend.removeDevice (src);
+    EXPECT_TRUE (backend.getInputDevices().isEmpty());
+    backend.sendFromSource (src, juce::MidiMessage::noteOn (1, 3, (juce::uint8) 1));
+    backend.deliverPending();
+    EXPECT_EQ (listener.received.size(), 1u);
+    EXPECT_EQ (backend.openInput (src, &listener), nullptr);
+}
+
+TEST (InProcessMidi, DevicesCanBePluggedInAtAPosition)
+{
+    InProcessMidiBackend backend;
+    backend.addDestination ("B", nullptr);
+    backend.addDestination ("C", nullptr);
+    backend.addDestination ("A", nullptr, 0);
+    backend.addSource ("S");
+    const auto outs = backend.getOutputDevices();
+    ASSERT_EQ (outs.size(), 3);
+    EXPECT_EQ (outs[0].name, "A");
+    EXPECT_EQ (outs[2].name, "C");
+    EXPECT_EQ (backend.getInputDevices().size(), 1);
+}
+
+namespace
+{
+// Receives from the sender thread and signals when a count is reached.
+struct SinkLog
+{
+    std::mutex m;
+    std::vector<std::vector<juce::uint8>> messages;
+    std::vector<double> sentAt;
+    juce::WaitableEvent done;
+    size_t expected = 0;
+
+    TimedMidiSender::Sink sink()
+    {
+        return [this] (const juce::uint8* d, int n)
+        {
+            std::lock_guard<std::mutex> g (m);
+            messages.emplace_back (d, d + n);
+            sentAt.push_back (TimedMidiSender::now());
+            if (messages.size() == expected)
+                done.signal();
+        };
+    }
+};
+} // namespace
+
+TEST (TimedMidiSender, SendsInTimeOrderKeepingOrderAtEqualTimes)
+{
+    SinkLog log;
+    log.expected = 4;
+    TimedMidiSender sender (log.sink());
+
+    const double t0 = TimedMidiSender::now();
+    const juce::uint8 late[] = { 0xB0, 1, 2 }, first[] = { 0xF8 }, second[] = { 0xFA };
+    juce::uint8 sysex[154] = { 0xF0 };
+    sysex[153] = 0xF7;
+
+    ASSERT_TRUE (sender.post (late, 3, t0 + 30.0));
+    ASSERT_TRUE (sender.post (first, 1, t0));
+    ASSERT_TRUE (sender.post (sysex, 154, t0));
+    ASSERT_TRUE (sender.post (second, 1, t0));
+
+    ASSERT_TRUE (log.done.wait (5000));
+    std::lock_guard<std::mutex> g (log.m);
+    EXPECT_EQ (log.messages[0][0], 0xF8);
+    EXPECT_EQ (log.messages[1].size(), 154u);
+    EXPECT_EQ (log.messages[2][0], 0xFA);
+    EXPECT_EQ (log.messages[3][0], 0xB0);
+    EXPECT_GE (log.sentAt[3], t0 + 30.0); // held until due
+}
+
+TEST (TimedMidiSender, ConcurrentProducersLoseNothingAndKeepTheirOrder)
+{
+    constexpr int producers = 4, perProducer = 2000;
+    SinkLog log;
+    log.expected = producers * perProducer;
+    TimedMidiSender sender (log.sink(), producers * perProducer);
+
+    std::vector<std::thread> threads;
+    for (int p = 0; p < producers; ++p)
+        threads.emplace_back ([&sender, p]
+        {
+            for (int i = 0; i < perProducer; ++i)
+            {
+                const juce::uint8 m[] = { (juce::uint8) (0xB0 + p), (juce::uint8) (i >> 7), (juce::uint8) (i & 127) };
+                sender.post (m, 3, 0.0);
+            }
+        });
+    for (auto& t : threads)
+        t.join();
+
+    ASSERT_TRUE (log.done.wait (10000));
+    std::lock_guard<std::mutex> g (log.m);
+    int next[producers] = {};
+    for (auto& m : log.messages)
+    {
+        const int p = m[0] - 0xB0;
+        ASSERT_EQ ((m[1] << 7) | m[2], next[p]);
+        ++next[p];
+    }
+    for (int p = 0; p < producers; ++p)
+        EXPECT_EQ (next[p], perProducer);
+}
+
+TEST (TimedMidiSender, AFullQueueRefusesInsteadOfWaiting)
+{
+    SinkLog log;
+    TimedMidiSender sender (log.sink(), 4);
+    const juce::uint8 m[] = { 0xF8 };
+    const double never = TimedMidiSender::now() + 1.0e7;
+    int accepted = 0;
+    for (int i = 0; i < 20; ++i)
+        accepted += sender.post (m, 1, never) ? 1 : 0;
+    // Four wait in the sender's time list, four more in the queue at most.
+    EXPECT_LE (accepted, 8);
+    EXPECT_GE (accepted, 4);
+}
