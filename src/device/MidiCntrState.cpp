@@ -252,7 +252,3 @@ void MidiCntrState::setIniSlot (int slot, const juce::String& text)
         iniStrings.set (slot, text);
 }
 
-//==============================================================================
-void MidiCntrState::handleIncomingMidiMessage (juce::MidiInput*, const juce::MidiMessage&)
-{
-}

@@ -98,6 +98,30 @@ public:
     void handleIncomingMidiMessage (juce::MidiInput* source, const juce::MidiMessage& message) override;
 
     //==============================================================================
+    // What goes to the instrument (MidiCntrStateMIDI.cpp, MidiCntrState_MIDI_PAR.cpp). Sends
+    // are dropped while no output is open; the state moves all the same.
+
+    void getPOLL();
+    void Dump_Request (int kind, int program, int);
+    void SEND_HOST_DISPLAY();
+    void SEND_BNPR (int channel, int bank, int program, bool sendToDevice, bool tellHost);
+    void SEND_BANKch (int channel, int bank);
+    void PROGRAM_MESSAGE (int bank, int program, bool sendToDevice, bool tellHost);
+    void PARAMETER_CHANGE (int soundParam, int value);
+
+    // The live message of a sound parameter set to `value` (in its own units, 8 bits for 17
+    // to 45): the controller pair or the single controller of the map, unless the bytes equal
+    // the last ones sent, leaving `delayMs` from now when that is 1 or more. True when sent.
+    bool SEND_PARAM_CC (int soundParam, int value, int delayMs);
+
+    //==============================================================================
+    // What comes from the instrument (MidiCntrState_MIDI_IN_.cpp, MidiCntrStateExcl.cpp,
+    // MidiCntrState_vst3.cpp), on the MIDI input thread.
+
+    void MIDIExclRec (juce::Array<unsigned char> message);
+    void Rec_Sound_Dump (juce::Array<unsigned char> message);
+
+    //==============================================================================
     // Ports (MidiCntrState_MIDI_PORTS.cpp): the chosen port names live in the
     // ports file of the settings folder.
 
@@ -180,6 +204,8 @@ private:
     // True once InitializeMe has run: a state that never started has nothing of the user's to
     // save and must not overwrite the shared files.
     bool initialised = false;
+
+    void receiveController (const juce::MidiMessage& message, int channelCode, int cc, int v);
 
     // InitializeMe's ports: the manager, the saved names, the ports opened by name.
     void openSavedPorts();
