@@ -1,0 +1,178 @@
+#include "DeviceLinkFixture.h"
+
+#include <gtest/gtest.h>
+
+using Bytes = std::vector<std::vector<int>>;
+
+TEST (WireProtocol, PollIsTheEditBufferRequestAndGoesOffLine)
+{
+    LinkedState link;
+    link.state.deviceOnline = true;
+    link.state.getPOLL();
+    EXPECT_FALSE (link.state.deviceOnline);
+    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x4C0000 });
+
+    link.state.Dump_Request (5, 99, 0);
+    link.state.Dump_Request (6, 17, 0);
+    link.state.Dump_Request (9, 0, 0); // no caller asks for this: the bare header
+    const Bytes expected = { { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 },
+                             { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 },
+                             { 0xF0, 0x04, 0x01, 0x00, 0x06, 17, 0xF7 },
+                             { 0xF0, 0x04, 0x01 } };
+    EXPECT_EQ (link.sent(), expected);
+}
+
+TEST (WireProtocol, NothingLeavesWithoutAnOutput)
+{
+    LinkedState link (false);
+    ASSERT_FALSE (link.state.portControl->outputOpen);
+    link.state.getPOLL();
+    link.state.SEND_BNPR (1, 2, 3, true, false);
+    EXPECT_FALSE (link.state.SEND_PARAM_CC (17, 100, 0));
+    EXPECT_TRUE (link.sent().empty());
+    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x4C0000 }); // the state still moves
+}
+
+TEST (WireProtocol, BankAndProgramSelection)
+{
+    LinkedState link;
+    link.state.SEND_BNPR (16, 2, 5, true, true);
+    link.state.SEND_BNPR (1, 3, 128, true, false); // no program change for 128
+    link.state.SEND_BANKch (1, 6);
+    EXPECT_EQ (link.state.bankNumber, 6);
+    const Bytes expected = { { 0xBF, 0, 0 }, { 0xBF, 32, 2 }, { 0xCF, 5 },
+                             { 0xB0, 0, 0 }, { 0xB0, 32, 3 },
+                             { 0xB0, 0, 0 }, { 0xB0, 32, 6 } };
+    EXPECT_EQ (link.sent(), expected);
+    EXPECT_EQ (link.drainHost(), (std::vector<std::pair<int, int>> { { 89, 2 }, { 56, 5 } }));
+}
+
+TEST (WireProtocol, ProgramMessageRecallsFromTheStoreAndSelectsOnTheDevice)
+{
+    LinkedState link;
+    const auto words = VirtualCorvane::makeProgram (3, 9, 42);
+    link.state.banks[3]->setStoredProgram (9, words);
+
+    link.state.PROGRAM_MESSAGE (3, 9, true, false);
+    EXPECT_EQ (link.state.bankNumber, 3);
+    EXPECT_EQ (link.state.programNumber, 9);
+    for (int i = 0; i < 200; ++i)
+        ASSERT_EQ (link.state.editBuffer->patchData[i], words[i]) << i;
+    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x440000 });
+    EXPECT_EQ (link.sent(), (Bytes { { 0xB0, 0, 0 }, { 0xB0, 32, 3 }, { 0xC0, 9 } }));
+
+    // A bank that no store holds, or a program past the bank, changes nothing.
+    link.state.PROGRAM_MESSAGE (8, 1, true, true);
+    link.state.PROGRAM_MESSAGE (2, 128, true, true);
+    EXPECT_EQ (link.state.bankNumber, 3);
+    EXPECT_TRUE (link.drainCodes().empty());
+    EXPECT_TRUE (link.sent().empty());
+}
+
+TEST (WireProtocol, HostDisplaySendsTheEditBufferAndRefreshesTheTouchSurface)
+{
+    LinkedState link;
+    auto words = VirtualCorvane::makeProgram (0, 5, 7);
+    words.set (83, 20);
+    words.set (87, 21);
+    words.set (91, 0);
+    words.set (94, 127);
+    link.state.editBuffer->setStoredProgram (5, words);
+    link.state.hostProgram = 5;
+
+    link.state.SEND_HOST_DISPLAY();
+    EXPECT_EQ (link.state.tsCtrl[0], 20);
+    EXPECT_EQ (link.state.tsCtrl[1], 21);
+    EXPECT_EQ (link.state.tsCtrl[2], 0);
+    EXPECT_EQ (link.state.tsCtrl[3], 127);
+    const auto out = link.sent();
+    ASSERT_EQ (out.size(), 1u);
+    const auto frame = VirtualCorvane::editBufferFrame (words);
+    const auto* f = static_cast<const juce::uint8*> (frame.getData());
+    EXPECT_EQ (out[0], std::vector<int> (f, f + frame.getSize()));
+    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x440000 });
+}
+
+TEST (WireProtocol, ControllerMapAndScaling)
+{
+    struct Case
+    {
+        int param, value;
+        Bytes bytes;
+    };
+    const Case cases[] = {
+        { 17, 255, { { 0xB0, 3, 127 }, { 0xB0, 35, 64 } } },
+        { 17, 254, { { 0xB0, 3, 127 }, { 0xB0, 35, 0 } } },
+        { 36, 200, { { 0xB0, 0, 100 }, { 0xB0, 32, 0 } } }, // shares bank select, kept so
+        { 45, 1, { { 0xB0, 7, 0 }, { 0xB0, 39, 64 } } },
+        { 58, 1, { { 0xB0, 79, 0 } } },                     // inverted
+        { 59, 0, { { 0xB0, 80, 127 } } },
+        { 47, 7, { { 0xB0, 68, 112 } } },                   // stepped by 16
+        { 46, 3, { { 0xB0, 67, 96 } } },                    // stepped by 32
+        { 55, 5, { { 0xB0, 76, 80 } } },
+        { 56, 1, { { 0xB0, 77, 127 } } },
+        { 67, 1, { { 0xB0, 88, 127 } } },
+        { 68, 1, { { 0xB0, 65, 127 } } },
+    };
+    for (const auto& c : cases)
+    {
+        LinkedState link;
+        EXPECT_TRUE (link.state.SEND_PARAM_CC (c.param, c.value, 0)) << c.param;
+        EXPECT_EQ (link.sent(), c.bytes) << c.param;
+    }
+}
+
+TEST (WireProtocol, NoLiveMessageForOtherParameters)
+{
+    LinkedState link;
+    for (int p : { 0, 16, 73, 150, 199, 200, -1 })
+        EXPECT_FALSE (link.state.SEND_PARAM_CC (p, 1, 0)) << p;
+    EXPECT_TRUE (link.sent().empty());
+}
+
+TEST (WireProtocol, TouchSurfaceUsesTheProgramsControllerNumbers)
+{
+    LinkedState link;
+    link.state.tsCtrl[0] = -1;
+    link.state.tsCtrl[1] = 0;
+    EXPECT_FALSE (link.state.SEND_PARAM_CC (69, 100, 0));
+    EXPECT_FALSE (link.state.SEND_PARAM_CC (70, 100, 0));
+    link.state.tsCtrl[2] = 20;
+    EXPECT_TRUE (link.state.SEND_PARAM_CC (71, 100, 0));
+    EXPECT_EQ (link.sent(), (Bytes { { 0xB0, 20, 100 } }));
+}
+
+TEST (WireProtocol, DuplicatesAreDroppedOnlyAgainstTheLastMessage)
+{
+    LinkedState link;
+    link.state.midiChannel = 16;
+    EXPECT_TRUE (link.state.SEND_PARAM_CC (32, 200, 0));
+    EXPECT_FALSE (link.state.SEND_PARAM_CC (32, 200, 0));
+    EXPECT_TRUE (link.state.SEND_PARAM_CC (33, 10, 0));
+    EXPECT_TRUE (link.state.SEND_PARAM_CC (32, 200, 0)); // another pair came between
+    EXPECT_TRUE (link.state.SEND_PARAM_CC (61, 1, 0));
+    EXPECT_FALSE (link.state.SEND_PARAM_CC (61, 1, 0));
+    EXPECT_TRUE (link.state.SEND_PARAM_CC (61, 0, 0));
+    const Bytes expected = { { 0xBF, 19, 100 }, { 0xBF, 51, 0 }, { 0xBF, 21, 5 }, { 0xBF, 53, 0 },
+                             { 0xBF, 19, 100 }, { 0xBF, 51, 0 }, { 0xBF, 82, 127 }, { 0xBF, 82, 0 } };
+    EXPECT_EQ (link.sent(), expected);
+}
+
+TEST (WireProtocol, LiveEditsLeaveWithTheCompensationDelay)
+{
+    LinkedState link;
+    const double before = juce::Time::getMillisecondCounter();
+    link.state.SEND_PARAM_CC (20, 10, 0);
+    const double after = juce::Time::getMillisecondCounter();
+    const double hiResBefore = juce::Time::getMillisecondCounterHiRes();
+    link.state.SEND_PARAM_CC (20, 11, 25);
+
+    const auto log = link.backend.messagesTo (link.device.inputId);
+    ASSERT_EQ (log.size(), 4u);
+    EXPECT_GE (log[0].timeMs, before);
+    EXPECT_LE (log[0].timeMs, after);
+    EXPECT_EQ (log[1].timeMs, log[0].timeMs); // both halves at one moment, MSB first
+    EXPECT_EQ (log[0].message.getControllerNumber(), 8);
+    EXPECT_GE (log[2].timeMs, hiResBefore + 25.0);
+    EXPECT_EQ (log[3].timeMs, log[2].timeMs);
+}
