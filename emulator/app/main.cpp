@@ -5,6 +5,8 @@
 
 #include "VirtualCorvane.h"
 
+#include <alsa/asoundlib.h>
+
 #include <iostream>
 #include <string>
 
@@ -14,6 +16,9 @@ const char* const usage =
     "usage: corvane-emulator [--name NAME] [--channel 1-16] [--seed N]\n"
     "                        [--drop N] [--wrong-length] [--garble N] [--late MS]\n"
     "commands on stdin: knob PARAM VALUE | note NOTE VELOCITY | program BANK PROGRAM | quit\n";
+
+// ALSA reports a missing sequencer on stderr by itself; this tool says so in one line of its own.
+void quietAlsa (const char*, int, const char*, int, const char*, ...) {}
 
 int fail (const juce::String& line, int status)
 {
@@ -87,6 +92,7 @@ int main (int argc, char* argv[])
     corvane.fillAllBanks (seed);
     corvane.setFaults (faults);
 
+    snd_lib_error_set_handler (quietAlsa);
     auto output = juce::MidiOutput::createNewDevice (name);
     auto input = output != nullptr ? juce::MidiInput::createNewDevice (name, &corvane) : nullptr;
     if (output == nullptr || input == nullptr)
