@@ -193,13 +193,3 @@ TEST_F (CorvaneLink, LiveEditsReachTheInstrument)
     EXPECT_EQ (edit[59], 1);
     EXPECT_EQ (edit[53], 4);
 }
-
-TEST_F (CorvaneLink, GarbledRepliesNeverCrashAndLeaveOtherBanksAlone)
-{
-    const auto before = storesOf ({ 0, 1, 2, 3, 4, 5, 6, 7 });
-    corvane.setFaults ({ 0, false, false, 3 });
-    link.startBankReceive (6, 0);
-    link.backend.deliverPending();
-    EXPECT_EQ (storesOf ({ 0, 1, 2, 3, 4, 5, 7 }),
-               (std::vector<juce::MemoryBlock> { before[0], before[1], before[2], before[3], before[4], before[5], before[7] }));
-}

@@ -38,26 +38,6 @@ TEST (VirtualCorvane, ItsProgramsComeThroughTheDumpFormatUnchanged)
         }
 }
 
-TEST (VirtualCorvane, AnswersRequestsWithDumpsOfTheSelectedBank)
-{
-    Wire w;
-    w.corvane.fillAllBanks (3);
-    w.send ({ 0xB0, 0, 0 });
-    w.send ({ 0xB0, 32, 4 });
-    w.send ({ 0xF0, 0x04, 0x01, 0x00, 0x06, 0x11, 0xF7 });
-    w.send ({ 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 });
-    ASSERT_EQ (w.out.size(), 2u);
-    const auto expected = VirtualCorvane::programFrame (w.corvane.getProgram (4, 17), 17);
-    EXPECT_EQ (w.out[0].getRawDataSize(), 154);
-    EXPECT_EQ (juce::MemoryBlock (w.out[0].getRawData(), 154), expected);
-    EXPECT_EQ (w.out[1].getRawDataSize(), 149);
-
-    w.send ({ 0xB0, 32, 7 }); // no such bank
-    EXPECT_EQ (w.corvane.getBank(), 4);
-    w.send ({ 0xF0, 0x04, 0x01, 0x00, 0x06, 0xF7 }); // malformed request
-    EXPECT_EQ (w.out.size(), 2u);
-}
-
 TEST (VirtualCorvane, StoresDumpsAndRecallsByProgramChange)
 {
     Wire w;
@@ -72,43 +52,6 @@ TEST (VirtualCorvane, StoresDumpsAndRecallsByProgramChange)
     w.send ({ 0xC0, 90 });
     EXPECT_EQ (w.corvane.getEditBuffer(), sound);
     EXPECT_EQ (w.corvane.getProgramNumber(), 90);
-}
-
-TEST (VirtualCorvane, LiveControllersChangeTheEditBuffer)
-{
-    Wire w;
-    w.send ({ 0xB0, 19, 100 });
-    w.send ({ 0xB0, 51, 64 });
-    w.send ({ 0xB0, 68, 112 });
-    w.send ({ 0xB0, 79, 0 });
-    w.send ({ 0xB0, 86, 127 });
-    w.send ({ 0xB0, 65, 127 });
-    const auto e = w.corvane.getEditBuffer();
-    EXPECT_EQ (e[32], 201 << 8);
-    EXPECT_EQ (e[47], 5); // 7 steps: the knob stops at its last position
-    EXPECT_EQ (e[58], 1);
-    EXPECT_EQ (e[65], 1);
-    EXPECT_EQ (e[68], 1);
-}
-
-TEST (VirtualCorvane, PanelKeysAndProgramButtonsGoOut)
-{
-    Wire w;
-    w.corvane.movePanel (17, 255);
-    w.corvane.movePanel (59, 1);
-    w.corvane.playNote (60, 90);
-    w.corvane.playNote (60, 0);
-    w.corvane.selectProgram (3, 12);
-    ASSERT_EQ (w.out.size(), 8u);
-    EXPECT_EQ (w.out[0].getControllerValue(), 127);
-    EXPECT_EQ (w.out[1].getControllerNumber(), 35);
-    EXPECT_EQ (w.out[1].getControllerValue(), 64);
-    EXPECT_EQ (w.out[2].getControllerNumber(), 80);
-    EXPECT_EQ (w.out[2].getControllerValue(), 0);
-    EXPECT_TRUE (w.out[3].isNoteOn());
-    EXPECT_TRUE (w.out[4].isNoteOff());
-    EXPECT_EQ (w.out[6].getControllerValue(), 3);
-    EXPECT_EQ (w.out[7].getProgramChangeNumber(), 12);
 }
 
 TEST (VirtualCorvane, FaultsBendTheReplies)

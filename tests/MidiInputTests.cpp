@@ -72,15 +72,6 @@ TEST (MidiInput, ControllersBecomeParameterChanges)
     }
 }
 
-TEST (MidiInput, TouchSurfaceControllersComeFirst)
-{
-    LinkedState link;
-    link.state.tsCtrl[1] = 19; // takes the Filter Cutoff MSB away from the map
-    link.receive (cc (19, 90));
-    link.receive (cc (51, 0));
-    EXPECT_EQ (link.drainHost(), (HostChanges { { 70, 90 }, { 0, 0 } }));
-}
-
 TEST (MidiInput, BankSelectThenProgramChangeLoadsFromThatBank)
 {
     LinkedState link;
@@ -185,16 +176,4 @@ TEST (MidiInput, DumpsNamingNoPlaceAreIgnored)
     link.receive (cc (32, 0));
     link.receive (shortFrame);
     EXPECT_EQ (link.state.banks[0]->bankData, bank0);
-}
-
-TEST (MidiInput, LastProgramOfASingleBankReceiveEndsIt)
-{
-    LinkedState link;
-    link.state.transferKind = 0;
-    link.state.transferBusy = true;
-    link.state.bankDumpActive = true;
-    link.state.bankNumber = 3;
-    link.receive (VirtualCorvane::programFrame (VirtualCorvane::makeProgram (3, 127, 1), 127));
-    EXPECT_EQ (link.drainCodes(), (Codes { 0x500000, 0x5C0000 + (3 << 8) + 127, 0x640000, 0x580000 }));
-    EXPECT_TRUE (link.sent().empty());
 }

@@ -74,16 +74,6 @@ TEST_F (PortsFile, AMissingFileIsWrittenFresh)
     EXPECT_EQ (state->portNames.size(), 6);
 }
 
-TEST_F (PortsFile, NamesAreReadBetweenTheirMarkers)
-{
-    write (fileOf ("Port In", "Port Out", "x"));
-    auto state = makeState();
-    state->ReadWritePorts (0);
-    EXPECT_EQ (state->portNames[0], "Port In");
-    EXPECT_EQ (state->portNames[1], "Port Out");
-    EXPECT_EQ (state->portNames[2], "NONE");
-}
-
 TEST_F (PortsFile, BrokenFilesLeaveNoneInForceOrAreReplaced)
 {
     {

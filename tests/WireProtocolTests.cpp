@@ -122,14 +122,6 @@ TEST (WireProtocol, ControllerMapAndScaling)
     }
 }
 
-TEST (WireProtocol, NoLiveMessageForOtherParameters)
-{
-    LinkedState link;
-    for (int p : { 0, 16, 73, 150, 199, 200, -1 })
-        EXPECT_FALSE (link.state.SEND_PARAM_CC (p, 1, 0)) << p;
-    EXPECT_TRUE (link.sent().empty());
-}
-
 TEST (WireProtocol, TouchSurfaceUsesTheProgramsControllerNumbers)
 {
     LinkedState link;
