@@ -92,11 +92,17 @@ int main (int argc, char* argv[])
     corvane.fillAllBanks (seed);
     corvane.setFaults (faults);
 
+    // Asked first: the library's port creation, failing, would keep what it had allocated.
     snd_lib_error_set_handler (quietAlsa);
+    snd_seq_t* sequencer = nullptr;
+    if (snd_seq_open (&sequencer, "default", SND_SEQ_OPEN_DUPLEX, 0) < 0)
+        return fail ("cannot publish MIDI ports: no ALSA sequencer on this machine", 1);
+    snd_seq_close (sequencer);
+
     auto output = juce::MidiOutput::createNewDevice (name);
     auto input = output != nullptr ? juce::MidiInput::createNewDevice (name, &corvane) : nullptr;
     if (output == nullptr || input == nullptr)
-        return fail ("cannot publish MIDI ports: no ALSA sequencer on this machine", 1);
+        return fail ("cannot publish MIDI ports on the ALSA sequencer", 1);
 
     auto* out = output.get();
     corvane.setOutput ([out] (const juce::MidiMessage& m) { out->sendMessageNow (m); });
