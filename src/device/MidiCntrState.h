@@ -157,6 +157,8 @@ public:
     // Audio-thread frame: sample count of the last block, and the notes the host holds.
     std::atomic<int> blockSize { 0 };
     std::array<juce::uint8, 128> noteHeld {};
+    // Codes that a host program change leaves for the editor while the slot dialog is open.
+    LockFreeQueue<juce::uint8> hostEvents { 256 };
 
     std::atomic<bool> transferBusy { false };
     std::atomic<bool> bankDumpActive { false };

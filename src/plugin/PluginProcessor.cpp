@@ -1,9 +1,12 @@
 #include "plugin/PluginProcessor.h"
 
 #include "device/MIDI_PORTS_Control.h"
+#include "plugin/HandlerComp.h"
 #include "plugin/PluginEditor.h"
+#include "sound/AutoBank.h"
 
 #include <cmath>
+#include <cstring>
 
 namespace
 {
@@ -22,8 +25,9 @@ DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, Mi
     midiCntrState.settingsFolder = settingsFolder;
     midiCntrState.InitializeMe();
 
-    hostValues.insertMultiple (0, 0, 1000);
-    hostValues.set (64, 100);
+    midiCntrState.handler->addChangeListener (this);
+
+    hostValues[64] = 100; // "VOLUME": the one raw-MIDI parameter that does not start at 0
     gestureOpen.setSize (1000, true);
     if (clockBuffer.data.size() < 2048)
         clockBuffer.ensureSize (3080);
@@ -43,7 +47,12 @@ DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, Mi
     setLatencySamples (0);
 }
 
-DeskerAudioProcessor::~DeskerAudioProcessor() = default;
+DeskerAudioProcessor::~DeskerAudioProcessor()
+{
+    stopTimer();
+    if (midiCntrState.handler != nullptr)
+        midiCntrState.handler->removeChangeListener (this);
+}
 
 //==============================================================================
 int DeskerAudioProcessor::sampleRateIndexFor (int sampleRate)
@@ -339,6 +348,20 @@ const juce::String DeskerAudioProcessor::getParameterName (int index)
 }
 
 //==============================================================================
+namespace
+{
+const char bankTag[] = "CorvanePluginBank";         // 17 bytes, no terminator
+const char programTag[] = "CorvanePluginSettings";  // 21 bytes, no terminator
+const char versionTag[] = "Version100";             // 10 bytes, never compared on reading
+constexpr int bankTagSize = 17, programTagSize = 21, versionSize = 10;
+
+bool startsWithTag (const void* data, int size, const char* tag, int tagSize, int needed)
+{
+    // A chunk too short for its layout is ignored like a foreign one.
+    return data != nullptr && size >= needed && std::memcmp (data, tag, (size_t) tagSize) == 0;
+}
+} // namespace
+
 int DeskerAudioProcessor::getCurrentProgram()
 {
     return midiCntrState.hostProgram;
@@ -346,26 +369,100 @@ int DeskerAudioProcessor::getCurrentProgram()
 
 void DeskerAudioProcessor::setCurrentProgram (int index)
 {
-    if (juce::isPositiveAndBelow (index, getNumPrograms()))
-        midiCntrState.hostProgram = index;
+    if (! juce::isPositiveAndBelow (index, AutoBank::numPrograms))
+        return;
+
+    auto& state = midiCntrState;
+    state.hostProgram = index;
+
+    if (! state.updateHostActive)
+    {
+        state.SEND_HOST_DISPLAY();
+    }
+    else
+    {
+        // The open slot dialog follows the host's program list; the instrument stays as it is.
+        state.hostEvents.push (180);
+        sendChangeMessage();
+    }
 }
 
-const juce::String DeskerAudioProcessor::getProgramName (int)
+const juce::String DeskerAudioProcessor::getProgramName (int index)
 {
-    return {};
+    auto* store = midiCntrState.editBuffer;
+    if (store == nullptr || ! juce::isPositiveAndBelow (index, AutoBank::numPrograms))
+        return {};
+    return store->get_ProgramName (index);
 }
 
-void DeskerAudioProcessor::changeProgramName (int, const juce::String&)
+void DeskerAudioProcessor::changeProgramName (int index, const juce::String& newName)
 {
+    auto& state = midiCntrState;
+    auto* store = state.editBuffer;
+    if (state.updateHostActive || store == nullptr || ! juce::isPositiveAndBelow (index, AutoBank::numPrograms))
+        return;
+
+    // 24 characters stay whole; 25 or more are cut to 23, as hosts have long seen it.
+    auto name = newName.length() >= 25 ? newName.substring (0, 23) : newName;
+    name = name.paddedRight (' ', 24);
+
+    auto* bytes = static_cast<juce::uint8*> (store->bankData.getData());
+    for (int n = 0; n < 24; ++n)
+        bytes[index * AutoBank::programBytes + (151 + n) * 2] =
+            (juce::uint8) AutoBank::fromASC (juce::String::charToString (name[n]));
+
+    state.hostProgram = index;
+    state.SEND_HOST_DISPLAY();
 }
 
 void DeskerAudioProcessor::getStateInformation (juce::MemoryBlock& destData)
 {
-    destData.reset();
+    destData.append (bankTag, bankTagSize);
+    destData.append (versionTag, versionSize);
+    if (auto* store = midiCntrState.editBuffer)
+        destData.append (store->bankData.getData(), AutoBank::bankBytes);
 }
 
-void DeskerAudioProcessor::setStateInformation (const void*, int)
+void DeskerAudioProcessor::setStateInformation (const void* data, int sizeInBytes)
 {
+    auto* store = midiCntrState.editBuffer;
+    const int header = bankTagSize + versionSize;
+    if (store == nullptr || ! startsWithTag (data, sizeInBytes, bankTag, bankTagSize, header + AutoBank::bankBytes))
+        return;
+
+    // Nothing goes to the instrument: it follows at the host's next program selection.
+    std::memcpy (store->bankData.getData(), static_cast<const char*> (data) + header, AutoBank::bankBytes);
+}
+
+void DeskerAudioProcessor::getCurrentProgramStateInformation (juce::MemoryBlock& destData)
+{
+    auto* store = midiCntrState.editBuffer;
+    const int program = midiCntrState.hostProgram;
+
+    destData.append (programTag, programTagSize);
+    destData.append (versionTag, versionSize);
+    if (store == nullptr)
+        return;
+
+    // The current edit is folded into the store first.
+    store->setStoredProgram (program, store->patchData);
+    destData.append (static_cast<const char*> (store->bankData.getData()) + program * AutoBank::programBytes,
+                     AutoBank::programBytes);
+}
+
+void DeskerAudioProcessor::setCurrentProgramStateInformation (const void* data, int sizeInBytes)
+{
+    auto& state = midiCntrState;
+    auto* store = state.editBuffer;
+    const int header = programTagSize + versionSize;
+    if (store == nullptr || ! startsWithTag (data, sizeInBytes, programTag, programTagSize, header + AutoBank::programBytes))
+        return;
+
+    const int program = state.hostProgram;
+    std::memcpy (static_cast<char*> (store->bankData.getData()) + program * AutoBank::programBytes,
+                 static_cast<const char*> (data) + header, AutoBank::programBytes);
+    store->BankToPatch (program);
+    state.SEND_HOST_DISPLAY();
 }
 
 //==============================================================================

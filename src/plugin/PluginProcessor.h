@@ -9,7 +9,9 @@
 // What the host loads. It makes no sound: the audio passes through, and the work is MIDI between
 // the host, this object's MidiCntrState and the instrument.
 class DeskerAudioProcessor : public juce::AudioProcessor,
-                             public juce::ChangeBroadcaster
+                             public juce::ChangeBroadcaster,
+                             public juce::ChangeListener,
+                             public juce::Timer
 {
 public:
     // settingsFolder: where the settings files live, empty for the user's folder; midiBackend:
@@ -38,19 +40,30 @@ public:
     const juce::String getProgramName (int index) override;
     void changeProgramName (int index, const juce::String& newName) override;
 
+    // The host's project chunk is the whole edit-buffer bank; its preset chunk one program.
     void getStateInformation (juce::MemoryBlock& destData) override;
     void setStateInformation (const void* data, int sizeInBytes) override;
+    void getCurrentProgramStateInformation (juce::MemoryBlock& destData) override;
+    void setCurrentProgramStateInformation (const void* data, int sizeInBytes) override;
 
     // The legacy parameter interface is the whole of the host's parameter list.
     JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
     int getNumParameters() override { return 315; }
     const juce::String getParameterName (int index) override;
+    float getParameter (int index) override;
+    const juce::String getParameterText (int index) override;
+    void setParameter (int index, float value) override;
     const juce::String getInputChannelName (int channelIndex) const override { return juce::String (channelIndex + 1); }
     const juce::String getOutputChannelName (int channelIndex) const override { return juce::String (channelIndex + 1); }
     bool isInputChannelStereoPair (int) const override { return true; }
     bool isOutputChannelStereoPair (int) const override { return true; }
     bool silenceInProducesSilenceOut() const override { return false; }
     JUCE_END_IGNORE_WARNINGS_GCC_LIKE
+
+    // Moves from the instrument reach the host here, on the message thread, inside gestures.
+    void changeListenerCallback (juce::ChangeBroadcaster* source) override;
+    // Ends the gestures of sound parameters 200 ms after their last move.
+    void timerCallback() override;
 
     // Index of a sample rate in the compensation tables; rates not listed count as 0.
     static int sampleRateIndexFor (int sampleRate);
@@ -72,7 +85,10 @@ public:
     int editorWidth = 978, editorHeight = 480;
     MidiCntrState midiCntrState;
     juce::MemoryBlock gestureOpen;
-    juce::Array<int> hostValues;
+    juce::Array<juce::uint16> gesturePending;
+    // Last values of the raw-MIDI host parameters (56 up), in their own units. Written on the
+    // message and host threads, read on any.
+    std::array<std::atomic<int>, 1000> hostValues {};
     Hn_MidiClock midiClock;
     juce::MidiBuffer clockBuffer;
     juce::CriticalSection clockLock; // the audio thread's alone
@@ -85,6 +101,11 @@ private:
     void deviceNotesToHost (juce::MidiBuffer& midi, int numSamples);
     void readPlayHead();
     void runClock (int numSamples);
+
+    // Value of host sound parameter i (below 56) as the host sees it.
+    int currentSoundValue (int index) const;
+    void setSoundParameter (int index, int value);
+    void setMidiParameter (int index, int value);
 
     // One outgoing message at a time, prepared so that sending needs no allocation.
     juce::MidiBuffer sendBuffer;
