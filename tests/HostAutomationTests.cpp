@@ -3,6 +3,8 @@
 #include "plugin/PluginProcessor.h"
 #include "sound/AutoBank.h"
 
+#include "ScratchFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -37,7 +39,8 @@ struct Automation : ::testing::Test
     MidiCntrState& state() { return processor.midiCntrState; }
     int word (int s) { return state().editBuffer->patchData[s]; }
 
-    DeskerAudioProcessor processor;
+    ScratchFolder settings;
+    DeskerAudioProcessor processor { settings.dir };
 };
 
 JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
@@ -187,7 +190,8 @@ TEST_F (Automation, BankChunkRoundTripsIntoASecondInstance)
     ASSERT_EQ (chunk.getSize(), 4u + 17 + 10 + 51200);
     EXPECT_EQ (juce::String::fromUTF8 (static_cast<const char*> (chunk.getData()) + 4, 27), "CorvanePluginBankVersion100");
 
-    DeskerAudioProcessor second;
+    ScratchFolder otherSettings;
+    DeskerAudioProcessor second { otherSettings.dir };
     second.setStateInformation (static_cast<const char*> (chunk.getData()) + 4, (int) chunk.getSize() - 4);
     EXPECT_EQ (second.midiCntrState.editBuffer->bankData, state().editBuffer->bankData);
     for (int p = 0; p < 128; ++p)
@@ -230,7 +234,8 @@ TEST_F (Automation, ProgramChunkFoldsTheEditAndRecallsIt)
     ASSERT_EQ (chunk.getSize(), 21u + 10 + 400);
     EXPECT_EQ (state().editBuffer->getStoredProgram (7)[32], 200 << 8); // folded into the store
 
-    DeskerAudioProcessor second;
+    ScratchFolder otherSettings;
+    DeskerAudioProcessor second { otherSettings.dir };
     second.setCurrentProgram (3);
     second.setCurrentProgramStateInformation (chunk.getData(), (int) chunk.getSize());
     EXPECT_EQ (second.midiCntrState.editBuffer->getStoredProgram (3)[32], 200 << 8);
