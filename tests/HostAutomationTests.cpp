@@ -72,6 +72,8 @@ TEST_F (Automation, DefaultsAndOutOfRange)
 
 TEST_F (Automation, SoundParameterTakesTheHighByteAndPostsItsCode)
 {
+    processor.setParameter (4, 0.0f); // away from the initial program's centre
+    drain();
     processor.setParameter (4, 0.5f); // Osc 2 Freq: 255 * 0.5 = 127.5, ties to even: 128
     EXPECT_EQ (word (21), 128 << 8);
     EXPECT_EQ (drain(), (std::vector<unsigned> { 0x400000u + (21u << 8) + 128u }));

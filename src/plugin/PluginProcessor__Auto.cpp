@@ -92,7 +92,7 @@ void DeskerAudioProcessor::setSoundParameter (int index, int v)
     else if (state.editBuffer != nullptr)
         state.editBuffer->patchData.set (s, (unsigned short) ((s >= 17 && s <= 45) ? v << 8 : v)); // low byte lost
 
-    state.sendSoundParameter (s, v);
+    state.SEND_PARAM_CC (s, v, state.getCompensation());
     state.Internal_UpdInt (0x400000u + ((unsigned) s << 8) + (unsigned) v);
 }
 

@@ -1,0 +1,194 @@
+#include "LinkedProcessor.h"
+#include "device/MIDI_PORTS_Control.h"
+#include "sound/AutoBank.h"
+
+#include "AllocationCounter.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+std::vector<std::vector<int>> bytesOf (const std::vector<LinkedProcessor::Sent>& sent)
+{
+    std::vector<std::vector<int>> out;
+    for (auto& s : sent)
+        out.push_back (s.bytes);
+    return out;
+}
+
+JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
+} // namespace
+
+TEST (HostSends, AutomationSendsTheControllerPairOnceAndPostsItsCode)
+{
+    LinkedProcessor linked;
+    ASSERT_TRUE (linked.state().portControl->outputOpen);
+    auto& p = linked.processor;
+
+    p.setParameter (4, 0.0f);
+    linked.sent();
+    linked.drainCodes();
+
+    p.setParameter (4, 0.5f); // Osc 2 Freq: 128, sent as 64 on its MSB controller and 0 on the LSB
+    EXPECT_EQ (linked.state().editBuffer->patchData[21], 128 << 8);
+    EXPECT_EQ (bytesOf (linked.sent()), (std::vector<std::vector<int>> { { 0xB0, 10, 64 }, { 0xB0, 42, 0 } }));
+    EXPECT_EQ (linked.drainCodes(), (std::vector<unsigned> { 0x400000u + (21u << 8) + 128u }));
+
+    p.setParameter (4, 0.5f); // the same rounded value: nothing at all
+    EXPECT_TRUE (linked.sent().empty());
+    EXPECT_TRUE (linked.drainCodes().empty());
+
+    linked.state().tsCtrl[0] = 0; // touch surface X with no controller: value and code only
+    p.setParameter (52, 0.5f);
+    EXPECT_TRUE (linked.sent().empty());
+    EXPECT_EQ (linked.state().tsValue[0].load(), 64);
+
+    linked.state().tsCtrl[1] = 12;
+    p.setParameter (53, 1.0f);
+    EXPECT_EQ (bytesOf (linked.sent()), (std::vector<std::vector<int>> { { 0xB0, 12, 127 } }));
+}
+
+TEST (HostSends, RawMidiParametersGoOutAtOnce)
+{
+    LinkedProcessor linked;
+    auto& p = linked.processor;
+    linked.state().midiChannel = 3;
+
+    p.setParameter (64, 0.0f);          // VOLUME from 100 to 0
+    p.setParameter (185 + 60, 1.0f);    // polyphonic pressure of note 60
+    p.setParameter (314, 64.0f / 127);  // channel pressure
+    p.setParameter (313, 8192.0f / 16363.0f);
+
+    const auto sent = linked.sent();
+    EXPECT_EQ (bytesOf (sent), (std::vector<std::vector<int>> {
+        { 0xB2, 7, 0 }, { 0xA2, 60, 127 }, { 0xD2, 64 }, { 0xE2, 0, 64 } }));
+    const double now = juce::Time::getMillisecondCounterHiRes();
+    for (auto& s : sent)
+        EXPECT_NEAR (s.timeMs, now, 50.0); // at once, never compensated
+}
+
+TEST (HostSends, HostNotesLeaveWithTheCompensationUnlessAtSampleZero)
+{
+    LinkedProcessor linked (96000.0, 512);
+    linked.state().SetSyncModes (401, {}); // 32 ms at 96 kHz
+    linked.state().localFlag = false;      // the clock stays silent here
+
+    juce::MidiBuffer midi;
+    midi.addEvent (juce::MidiMessage::noteOn (1, 60, (juce::uint8) 100), 0);
+    midi.addEvent (juce::MidiMessage::noteOff (1, 60), 96);
+    midi.addEvent (juce::MidiMessage::controllerEvent (1, 7, 1), 100); // held back from the device
+    const double before = juce::Time::getMillisecondCounter();
+    linked.process (midi, 512);
+
+    const auto sent = linked.sent();
+    ASSERT_EQ (sent.size(), 2u);
+    EXPECT_EQ (sent[0].bytes, (std::vector<int> { 0x90, 60, 100 }));
+    EXPECT_NEAR (sent[0].timeMs, before, 5.0);
+    EXPECT_EQ (sent[1].bytes, (std::vector<int> { 0x80, 60, 0 }));
+    EXPECT_NEAR (sent[1].timeMs - before, 32.0 + 1.0, 5.0); // 96 samples at 96 kHz is 1 ms
+}
+
+TEST (HostSends, ClockBytesLeaveCompensatedAtTheirSampleTimes)
+{
+    for (auto [mode, rate, expected] : { std::tuple { 401, 96000.0, 32.0 }, std::tuple { 403, 48000.0, 138.0 },
+                                         std::tuple { 0, 44100.0, 5.0 } })
+    {
+        SCOPED_TRACE (mode);
+        LinkedProcessor linked (rate, 1024);
+        linked.state().SetSyncModes (mode, { 5, 0, 0, 0, 0, 0, 9 });
+
+        juce::MidiBuffer midi;
+        linked.process (midi, 1024); // stopped at 0: Stop and pointer 0, once
+        auto sent = linked.sent();
+        ASSERT_EQ (bytesOf (sent), (std::vector<std::vector<int>> { { 0xFC }, { 0xF2, 0, 0 } }));
+        EXPECT_NEAR (sent[0].timeMs - juce::Time::getMillisecondCounterHiRes(), expected, 5.0);
+
+        linked.process (midi, 1024);
+        EXPECT_TRUE (linked.sent().empty());
+    }
+}
+
+TEST (HostSends, RunningClockOverThePortAndSwitchedOff)
+{
+    LinkedProcessor linked (48000.0, 4000);
+    juce::AudioPlayHead::PositionInfo info;
+    struct PlayHead : juce::AudioPlayHead
+    {
+        juce::Optional<PositionInfo> getPosition() const override { return position; }
+        PositionInfo position;
+    } playHead;
+
+    playHead.position.setBpm (120.0);
+    playHead.position.setPpqPosition (0.0);
+    playHead.position.setIsPlaying (true);
+    linked.processor.setPlayHead (&playHead);
+
+    juce::MidiBuffer midi;
+    linked.process (midi, 4000); // reads the play head for the next block
+    linked.sent();
+    linked.process (midi, 4000);
+    const auto sent = linked.sent();
+
+    // At 48 kHz and 120 bpm a clock every 1000 samples, 1/48 ms apart per sample.
+    std::vector<double> ticks;
+    for (auto& s : sent)
+        if (s.bytes == std::vector<int> { 0xF8 })
+            ticks.push_back (s.timeMs);
+    ASSERT_EQ (ticks.size(), 4u);
+    for (size_t k = 1; k < ticks.size(); ++k)
+        EXPECT_NEAR (ticks[k] - ticks[k - 1], 1000.0 / 48.0, 0.01);
+    for (auto& s : sent)
+        EXPECT_NE (s.bytes[0], 0xFA); // never a Start
+
+    linked.state().localFlag = false; // "Clock ON/OFF" off: nothing at all
+    playHead.position.setPpqPosition (16.0);
+    linked.process (midi, 4000);
+    linked.process (midi, 4000);
+    EXPECT_TRUE (linked.sent().empty());
+    linked.processor.setPlayHead (nullptr);
+}
+
+TEST (HostSends, NoAllocationWithTheClockRunningAndNotesSent)
+{
+    LinkedProcessor linked (48000.0, 512);
+    struct PlayHead : juce::AudioPlayHead
+    {
+        juce::Optional<PositionInfo> getPosition() const override { return position; }
+        PositionInfo position;
+    } playHead;
+    playHead.position.setBpm (130.0);
+    playHead.position.setIsPlaying (true);
+    linked.processor.setPlayHead (&playHead);
+
+    juce::AudioBuffer<float> audio (2, 512);
+    juce::MidiBuffer midi;
+    midi.ensureSize (4096);
+    double ppq = 0.0;
+
+    auto block = [&] {
+        midi.clear();
+        midi.addEvent (juce::MidiMessage::noteOn (1, 60, (juce::uint8) 100), 0);
+        midi.addEvent (juce::MidiMessage::noteOff (1, 60), 300);
+        midi.addEvent (juce::MidiMessage::pitchWheel (1, 9000), 400);
+        playHead.position.setPpqPosition (ppq);
+        ppq += 512 * 130.0 / 60.0 / 48000.0;
+        linked.processor.processBlock (audio, midi);
+    };
+
+    block();
+    size_t sentCount = 0;
+    for (int b = 0; b < 200; ++b)
+    {
+        {
+            ScopedAllocationCount allocations;
+            block();
+            ASSERT_EQ (allocations.count(), 0u) << "block " << b;
+        }
+        sentCount += linked.sent().size();
+        linked.drainCodes();
+    }
+    EXPECT_GT (sentCount, 600u); // notes, wheels and clock ticks did go out
+    linked.processor.setPlayHead (nullptr);
+}
+
+JUCE_END_IGNORE_WARNINGS_GCC_LIKE
