@@ -88,6 +88,22 @@ TEST (HostSends, HostNotesLeaveWithTheCompensationUnlessAtSampleZero)
     EXPECT_NEAR (sent[1].timeMs - before, 32.0 + 1.0, 5.0); // 96 samples at 96 kHz is 1 ms
 }
 
+TEST (HostSends, HostProgramChangeSelectsBankAndProgramOnTheInstrument)
+{
+    LinkedProcessor linked;
+    linked.state().localFlag = false;
+
+    juce::MidiBuffer midi;
+    midi.addEvent (juce::MidiMessage::controllerEvent (1, 32, 2), 0);
+    midi.addEvent (juce::MidiMessage::programChange (1, 17), 1);
+    midi.addEvent (juce::MidiMessage::controllerEvent (1, 32, 99), 2); // no such bank:
+    midi.addEvent (juce::MidiMessage::programChange (1, 18), 3);       // the selection is ignored
+    linked.process (midi, 64);
+
+    EXPECT_EQ (bytesOf (linked.sent()), (std::vector<std::vector<int>> { { 0xB0, 0, 0 }, { 0xB0, 32, 2 }, { 0xC0, 17 } }));
+    EXPECT_EQ (linked.state().editBuffer->patchData, linked.state().banks[2]->getStoredProgram (17));
+}
+
 TEST (HostSends, ClockBytesLeaveCompensatedAtTheirSampleTimes)
 {
     for (auto [mode, rate, expected] : { std::tuple { 401, 96000.0, 32.0 }, std::tuple { 403, 48000.0, 138.0 },

@@ -1,4 +1,5 @@
 #include "plugin/PluginProcessor.h"
+#include "sound/AutoBank.h"
 
 #include "AllocationCounter.h"
 #include "ScratchFolder.h"
@@ -147,7 +148,9 @@ TEST_F (Frame, ControllersProgramsAndWheels)
     EXPECT_EQ (state().programNumber.load(), 9);
     EXPECT_EQ (codes, (std::vector<unsigned> {
         0x800000u + ch (1) + (7u << 7) + 99u,
+        0x440000u, // program 9 of bank 3 recalled onto the panel
         0x8C0000u + ch (16) + 8192u }));
+    EXPECT_EQ (state().editBuffer->patchData, state().banks[3]->getStoredProgram (9));
 }
 
 TEST_F (Frame, AllNotesOffReleasesEveryKey)

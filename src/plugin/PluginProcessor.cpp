@@ -236,7 +236,10 @@ void DeskerAudioProcessor::hostMidiToState (const juce::MidiMessageMetadata& eve
     if (kind == 0xC0 && status < 0xF0)
     {
         if (data1 != state.programNumber.load())
+        {
             state.programNumber = data1;
+            state.PROGRAM_MESSAGE (state.bankNumber.load(), data1, true, false);
+        }
         return;
     }
 
