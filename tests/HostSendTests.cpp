@@ -164,7 +164,7 @@ TEST (HostSends, RunningClockOverThePortAndSwitchedOff)
     linked.processor.setPlayHead (nullptr);
 }
 
-TEST (HostSends, NoAllocationWithTheClockRunningAndNotesSent)
+TEST (HostSends, NoAllocationWithTheClockRunningNotesSentAndProgramsRecalled)
 {
     LinkedProcessor linked (48000.0, 512);
     struct PlayHead : juce::AudioPlayHead
@@ -186,6 +186,7 @@ TEST (HostSends, NoAllocationWithTheClockRunningAndNotesSent)
         midi.addEvent (juce::MidiMessage::noteOn (1, 60, (juce::uint8) 100), 0);
         midi.addEvent (juce::MidiMessage::noteOff (1, 60), 300);
         midi.addEvent (juce::MidiMessage::pitchWheel (1, 9000), 400);
+        midi.addEvent (juce::MidiMessage::programChange (1, (int) (ppq * 10) % 2 + 5), 450); // recalls a program
         playHead.position.setPpqPosition (ppq);
         ppq += 512 * 130.0 / 60.0 / 48000.0;
         linked.processor.processBlock (audio, midi);

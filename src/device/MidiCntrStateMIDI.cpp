@@ -85,9 +85,7 @@ void MidiCntrState::PROGRAM_MESSAGE (int bank, int program, bool sendToDevice, b
     if (programNumber != program)
         programNumber = program;
 
-    const auto words = banks[bank]->getStoredProgram (program);
-    for (int i = 0; i < words.size(); ++i)
-        editBuffer->patchData.set (i, words.getUnchecked (i));
+    banks[bank]->copyStoredProgram (program, editBuffer->patchData);
 
     Internal_UpdInt (0x440000);
     SEND_BNPR (midiChannel, bankNumber, programNumber, sendToDevice, tellHost);

@@ -84,16 +84,20 @@ int AutoBank::fromASC (juce::String character)
     return 32;
 }
 
+void AutoBank::copyStoredProgram (int program, juce::Array<unsigned short>& words) const
+{
+    words.resize (numParameters); // no allocation when it already holds a program
+    const bool inRange = juce::isPositiveAndBelow (program, numPrograms);
+    auto* src = static_cast<const unsigned char*> (bankData.getData()) + (inRange ? program * programBytes : 0);
+
+    for (int i = 0; i < numParameters; ++i)
+        words.setUnchecked (i, inRange ? (unsigned short) (src[2 * i] | (src[2 * i + 1] << 8)) : (unsigned short) 0);
+}
+
 juce::Array<unsigned short> AutoBank::getStoredProgram (int program) const
 {
     juce::Array<unsigned short> words;
-    words.resize (numParameters);
-    if (juce::isPositiveAndBelow (program, numPrograms))
-    {
-        auto* src = static_cast<const unsigned char*> (bankData.getData()) + program * programBytes;
-        for (int i = 0; i < numParameters; ++i)
-            words.setUnchecked (i, (unsigned short) (src[2 * i] | (src[2 * i + 1] << 8)));
-    }
+    copyStoredProgram (program, words);
     return words;
 }
 
@@ -160,7 +164,7 @@ void AutoBank::PatchImport_Syx (juce::Array<unsigned char> dump)
 void AutoBank::BankToPatch (int program)
 {
     if (juce::isPositiveAndBelow (program, numPrograms))
-        patchData = getStoredProgram (program);
+        copyStoredProgram (program, patchData);
 }
 
 void AutoBank::Initialize_Bank()

@@ -46,6 +46,9 @@ public:
 
     // The 200 words of a stored program; a program outside 0..127 reads as zeros.
     juce::Array<unsigned short> getStoredProgram (int program) const;
+    // The same into an existing array, without allocating when it already holds 200 words: the
+    // audio thread recalls programs this way.
+    void copyStoredProgram (int program, juce::Array<unsigned short>& words) const;
     // Writes 200 words into a stored program, missing words as 0; a program
     // outside 0..127 is ignored.
     void setStoredProgram (int program, const juce::Array<unsigned short>& words);
