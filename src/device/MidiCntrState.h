@@ -84,6 +84,8 @@ public:
     void ReadWriteIni (int mode);
     void INI_Defaults();
     static juce::String ArrayToString (juce::StringArray strings);
+    // The slots of a settings text: each "^|" text "|^", up to the first incomplete pair.
+    static juce::StringArray ParseIniText (const juce::String& text);
 
     // The seven user banks: loaded at start-up (factory data when the file is absent or of any
     // other size than dataFileBytes), saved by the destructor.

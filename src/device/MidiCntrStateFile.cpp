@@ -45,6 +45,22 @@ void MidiCntrState::INI_Defaults()
         iniStrings.add ("0");
 }
 
+juce::StringArray MidiCntrState::ParseIniText (const juce::String& text)
+{
+    juce::StringArray parsed;
+    int pos = 0;
+    while (pos < text.length())
+    {
+        const auto open = text.indexOf (pos, "^|");
+        const auto close = text.indexOf (pos, "|^");
+        if (open < 0 || close <= 0)
+            break;
+        parsed.add (text.substring (open + 2, close));
+        pos = close + 1;
+    }
+    return parsed;
+}
+
 void MidiCntrState::ReadWriteIni (int mode)
 {
     const auto file = getSettingsFolder().getChildFile (settingsFileName);
@@ -65,19 +81,7 @@ void MidiCntrState::ReadWriteIni (int mode)
     if (text.length() < 6)
         text.clear();
 
-    // Each slot is "^|" text "|^". Parsing stops at the first incomplete pair.
-    juce::StringArray parsed;
-    int pos = 0;
-    while (pos < text.length())
-    {
-        const auto open = text.indexOf (pos, "^|");
-        const auto close = text.indexOf (pos, "|^");
-        if (open < 0 || close <= 0)
-            break;
-        parsed.add (text.substring (open + 2, close));
-        pos = close + 1;
-    }
-
+    const auto parsed = ParseIniText (text);
     if (parsed.size() < 3)
     {
         iniStrings.clear();
