@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "SoundParameterRanges.h"
 #include "sound/AutoBank.h"
 #include "sound/TolkCorvaneBanks.h"
 
+#include <map>
 #include <random>
 
 namespace
@@ -22,36 +24,12 @@ juce::Array<unsigned short> zeros()
     return a;
 }
 
-// In-range value for every parameter in the dump, by the control ranges.
-int maxOf (int index)
-{
-    if (index <= 15)
-        return (index % 4 == 2 || index == 5 || index == 9 || index == 13) ? 1 : (index % 4 == 3 ? 3 : 39);
-    if (index == 16 || index == 104 || (index >= 17 && index <= 45))
-        return 65535;
-    static const std::map<int, int> tops = {
-        { 46, 3 },  { 47, 5 },   { 48, 5 },   { 49, 3 },  { 50, 5 },   { 51, 5 },   { 52, 3 },   { 53, 5 },
-        { 54, 5 },  { 55, 5 },   { 69, 7 },   { 70, 7 },  { 71, 7 },   { 72, 7 },   { 73, 10 },  { 74, 3 },
-        { 75, 3 },  { 76, 3 },   { 80, 31 },  { 81, 3 },  { 83, 127 }, { 84, 31 },  { 85, 3 },   { 87, 127 },
-        { 88, 31 }, { 89, 3 },   { 91, 127 }, { 92, 13 }, { 94, 127 }, { 95, 96 },  { 96, 6 },   { 97, 6 },
-        { 98, 42 }, { 99, 127 }, { 100, 42 }, { 101, 127 }, { 102, 10 }, { 103, 10 }, { 105, 127 }, { 109, 127 },
-        { 110, 127 }, { 111, 7 }, { 120, 3 }, { 121, 127 }, { 122, 127 }, { 123, 15 }, { 150, 31 },
-    };
-    auto it = tops.find (index);
-    return it != tops.end() ? it->second : 1; // switches and one-bit fields
-}
-
-bool inDump (int index)
-{
-    return index <= 114 || (index >= 120 && index <= 125) || (index >= 150 && index <= 174);
-}
-
 juce::Array<unsigned short> randomProgram (std::mt19937& rng)
 {
     auto p = zeros();
     for (int i = 0; i < 200; ++i)
     {
-        if (! inDump (i) || i >= 151)
+        if (! inSoundDump (i) || i >= 151)
             continue;
         if (i == 124)
         {
@@ -59,8 +37,8 @@ juce::Array<unsigned short> randomProgram (std::mt19937& rng)
             p.set (i, (unsigned short) masks[rng() % 4]);
             continue;
         }
-        const auto lo = i == 95 ? 2 : 0;
-        p.set (i, (unsigned short) (lo + (int) (rng() % (unsigned) (maxOf (i) - lo + 1))));
+        const auto [lo, hi] = soundParameterRange (i);
+        p.set (i, (unsigned short) (lo + (int) (rng() % (unsigned) (hi - lo + 1))));
     }
     for (int i = 151; i <= 174; ++i)
         p.set (i, (unsigned short) (32 + rng() % 95)); // printable, below 128
@@ -173,7 +151,7 @@ TEST (CodecRoundTrip, RandomInRangeProgramsSurviveButForTheDocumentedFields)
         AutoBank::UnPack_Patch_Tolk (packed, out);
         for (int i = 0; i < 200; ++i)
         {
-            if (! inDump (i))
+            if (! inSoundDump (i))
                 continue;
             if (i == 73)
                 EXPECT_EQ (out[i], 15);

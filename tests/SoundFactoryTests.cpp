@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "SoundParameterRanges.h"
 #include "sound/AutoBank.h"
 #include "sound/TolkCorvaneBanks.h"
 
@@ -33,44 +34,6 @@ juce::Array<unsigned short> unpackRecord (const unsigned char* record)
     return words;
 }
 
-// Lowest and highest value of each parameter the dump carries, by the control ranges.
-std::pair<int, int> rangeOf (int i)
-{
-    if (i <= 15)
-    {
-        const auto k = i % 4;
-        if (i == 2 || i == 5 || i == 9 || i == 13)
-            return { 0, 1 };
-        return k == 3 ? std::pair { 0, 3 } : std::pair { 0, 39 };
-    }
-    if (i == 16 || i == 104 || (i >= 17 && i <= 45))
-        return { 0, 65535 };
-    if (i == 46 || i == 49 || i == 52)
-        return { 0, 3 };
-    if (i == 47 || i == 48 || i == 50 || i == 51 || (i >= 53 && i <= 55))
-        return { 0, 5 };
-    if (i >= 56 && i <= 68)
-        return { 0, 1 };
-    switch (i)
-    {
-        case 69: case 70: case 71: case 72: case 111: return { 0, 7 };
-        case 73: return { 0, 15 }; // unused by the hardware: every dump written here reads back 15
-        case 74: case 75: case 76: case 81: case 85: case 89: return { 0, 3 };
-        case 80: case 84: case 88: return { 0, 31 };
-        case 83: case 87: case 91: case 94: case 99: case 101: case 105: case 109: case 110: return { 0, 127 };
-        case 92: return { 0, 13 };
-        case 95: return { 2, 96 };
-        case 96: case 97: return { 0, 6 };
-        case 98: case 100: return { 0, 42 };
-        case 102: case 103: return { 0, 10 };
-        case 150: return { 0, 31 };
-        case 120: return { 0, 3 };
-        case 121: case 122: return { 0, 127 };
-        case 123: return { 0, 15 };
-        case 124: return { 0, 72 }; // a raw mask of bits 3 and 6
-        default: return { 0, 1 };
-    }
-}
 } // namespace
 
 TEST (FactorySets, SizesAndRecordLayout)
@@ -138,7 +101,9 @@ TEST (FactorySets, EveryProgramIsInRangeAndDistinctlyNamed)
             {
                 if (i > 125 && i != 150)
                     continue;
-                const auto [lo, hi] = rangeOf (i);
+                auto [lo, hi] = soundParameterRange (i);
+                if (i == 73)
+                    hi = 15; // unused by the hardware: every dump written here reads back 15
                 ASSERT_GE ((int) words[i], lo) << "set " << info.set << " record " << r << " parameter " << i;
                 ASSERT_LE ((int) words[i], hi) << "set " << info.set << " record " << r << " parameter " << i;
             }

@@ -184,28 +184,21 @@ Contents readAny (const juce::String& path)
 
 // --- writers ---------------------------------------------------------------
 
-void appendFrame (juce::MemoryBlock& out, const Packed& packed, int type, int programNumber)
+void appendFrame (juce::MemoryOutputStream& out, const Packed& packed, int type, int programNumber)
 {
-    const unsigned char head[] = { 0xF0, 0x04, 0x01, 0x00, (unsigned char) type };
-    out.append (head, sizeof (head));
+    for (int byte : { 0xF0, 0x04, 0x01, 0x00, type })
+        out.writeByte ((char) byte);
     if (type == 0x03)
-    {
-        const auto number = (unsigned char) programNumber;
-        out.append (&number, 1);
-    }
-    out.append (packed.data(), packed.size());
+        out.writeByte ((char) programNumber);
+    out.write (packed.data(), packed.size());
     if (type == 0x03)
-    {
-        const unsigned char zeros[4] = {};
-        out.append (zeros, sizeof (zeros));
-    }
-    const unsigned char end = 0xF7;
-    out.append (&end, 1);
+        out.writeRepeatedByte (0, 4);
+    out.writeByte ((char) 0xF7);
 }
 
 juce::MemoryBlock encode (const std::vector<Entry>& programs, const juce::String& extension)
 {
-    juce::MemoryBlock out;
+    juce::MemoryOutputStream out;
     const auto count = programs.size();
     if (extension == ".tkbn")
     {
@@ -232,21 +225,15 @@ juce::MemoryBlock encode (const std::vector<Entry>& programs, const juce::String
     {
         if (count != (size_t) dataFileBanks * 128)
             throw BadInput { "a data file takes 896 programs, the input has " + std::to_string (count) };
-        out.append ("*CorvaneData >", 14);
+        out.write ("*CorvaneData >", 14);
         for (auto& e : programs)
-        {
-            const auto words = unpack (e.packed);
-            for (auto w : words)
-            {
-                const unsigned char bytes[2] = { (unsigned char) (w & 0xFF), (unsigned char) (w >> 8) };
-                out.append (bytes, 2);
-            }
-        }
-        out.append ("< CorvaneData", 13);
+            for (auto w : unpack (e.packed))
+                out.writeShort ((short) w); // low byte first
+        out.write ("< CorvaneData", 13);
     }
     else
         throw BadInput { "unknown output type '" + extension.toStdString() + "' (use .tkbn, .tkp, .syx or .dat)" };
-    return out;
+    return out.getMemoryBlock();
 }
 
 // --- commands --------------------------------------------------------------
