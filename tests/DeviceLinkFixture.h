@@ -8,8 +8,33 @@
 #include "plugin/HandlerComp.h"
 #include "sound/AutoBank.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cmath>
 #include <vector>
+
+using Bytes = std::vector<std::vector<int>>;
+using Codes = std::vector<unsigned>;
+using HostChanges = std::vector<std::pair<int, int>>;
+
+inline juce::MidiMessage raw (std::initializer_list<int> bytes)
+{
+    const std::vector<juce::uint8> b (bytes.begin(), bytes.end());
+    return juce::MidiMessage (b.data(), (int) b.size());
+}
+
+inline juce::MidiMessage sysexOf (const juce::MemoryBlock& m) { return juce::MidiMessage (m.getData(), (int) m.getSize()); }
+
+// What a destination has been sent so far, as bytes; the log is emptied.
+inline Bytes takeLog (InProcessMidiBackend& backend, const juce::String& destination)
+{
+    Bytes out;
+    for (auto& t : backend.messagesTo (destination))
+        out.emplace_back (t.message.getRawData(), t.message.getRawData() + t.message.getRawDataSize());
+    backend.clearLog (destination);
+    return out;
+}
 
 // A MidiCntrState with a settings folder of its own, whose saved ports name a
 // virtual Corvane on in-process MIDI, so that InitializeMe opens both ports.
@@ -28,7 +53,6 @@ public:
             state.portNames.clear();
         }
         state.InitializeMe();
-
         state.soundToHost.clearQuick();
         state.paramMax.clearQuick();
         for (int i = 0; i < 400; ++i)
@@ -39,56 +63,36 @@ public:
         drainCodes();
     }
 
-    std::vector<unsigned> drainCodes()
+    Codes drainCodes()
     {
-        std::vector<unsigned> codes;
-        unsigned code = 0;
-        while (state.popUpdateCode (code))
+        Codes codes;
+        for (unsigned code = 0; state.popUpdateCode (code);)
             codes.push_back (code);
         return codes;
     }
 
-    // Changes handed to the host, as (host parameter, value in its units).
-    std::vector<std::pair<int, int>> drainHost()
+    HostChanges drainHost()
     {
-        std::vector<std::pair<int, int>> out;
-        HandlerComp::PendingParam p;
-        while (state.handler->nextPending (p))
+        HostChanges out;
+        for (HandlerComp::PendingParam p; state.handler->nextPending (p);)
             out.emplace_back (p.index, (int) std::lround (p.value * 255.0f));
         return out;
     }
 
     // Bytes that went out towards the instrument since the last call.
-    std::vector<std::vector<int>> sent()
-    {
-        std::vector<std::vector<int>> out;
-        for (auto& t : backend.messagesTo (device.inputId))
-            out.emplace_back (t.message.getRawData(), t.message.getRawData() + t.message.getRawDataSize());
-        backend.clearLog (device.inputId);
-        return out;
-    }
+    Bytes sent() { return takeLog (backend, device.inputId); }
 
     void receive (const juce::MidiMessage& m) { state.handleIncomingMidiMessage (nullptr, m); }
-    void receive (const juce::MemoryBlock& sysex) { receive (juce::MidiMessage (sysex.getData(), (int) sysex.getSize())); }
+    void receive (const juce::MemoryBlock& sysex) { receive (sysexOf (sysex)); }
 
-    // What the bank menu does to receive one bank (kind 0) or all (kind 50).
-    void startBankReceive (int bank, int kind)
+    // The edit buffer holds words 0 to 199 as given, where a dump carries them.
+    void expectEditBuffer (const VirtualCorvane::Program& words, bool onlyCarried = false)
     {
-        state.transferKind = kind;
-        state.transferBusy = true;
-        state.bankDumpActive = true;
-        state.bankNumber = bank;
-        state.SEND_BANKch (state.midiChannel, bank);
-        state.Dump_Request (6, 0, 0);
-    }
-
-    // What the progress bar does when the receive ends or is cancelled.
-    void endBankReceive (int savedBank)
-    {
-        state.SEND_BNPR (state.midiChannel, savedBank, state.programNumber, true, false);
-        state.transferBusy = false;
-        state.bankDumpActive = false;
-        state.transferKind = -1;
+        for (int i = 0; i < 200; ++i)
+            if (! onlyCarried || ! ((i >= 115 && i <= 119) || (i >= 126 && i <= 149) || i >= 175))
+            {
+                ASSERT_EQ (state.editBuffer->patchData[i], words[i]) << "word " << i;
+            }
     }
 
     ScratchFolder folder; // first: it outlives the state, which saves its files on the way out
@@ -97,9 +101,3 @@ public:
     InProcessCorvane device { backend };
     MidiCntrState state { &backend };
 };
-
-// Sound parameters that a dump carries; the others keep what they held.
-inline bool carriedByDump (int i)
-{
-    return ! ((i >= 115 && i <= 119) || (i >= 126 && i <= 149) || i >= 175);
-}

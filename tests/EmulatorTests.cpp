@@ -1,85 +1,59 @@
-#include "VirtualCorvane.h"
-#include "sound/AutoBank.h"
-
-#include <gtest/gtest.h>
+#include "DeviceLinkFixture.h"
 
 namespace
 {
-struct Wire
+struct Emulator : ::testing::Test
 {
     VirtualCorvane corvane { 1, 5 };
     std::vector<juce::MidiMessage> out;
-    Wire()
-    {
-        corvane.setOutput ([this] (const juce::MidiMessage& m) { out.push_back (m); });
-    }
-    void send (std::initializer_list<int> bytes)
-    {
-        std::vector<juce::uint8> b (bytes.begin(), bytes.end());
-        corvane.handleIncomingMidiMessage (nullptr, juce::MidiMessage (b.data(), (int) b.size()));
-    }
+
+    void SetUp() override { corvane.setOutput ([this] (const juce::MidiMessage& m) { out.push_back (m); }); }
+    void send (const juce::MidiMessage& m) { corvane.handleIncomingMidiMessage (nullptr, m); }
 };
 } // namespace
 
-TEST (VirtualCorvane, ItsProgramsComeThroughTheDumpFormatUnchanged)
+TEST_F (Emulator, StoresDumpsAndRecallsByProgramChange)
 {
-    for (juce::int64 seed = 1; seed <= 20; ++seed)
-        for (int p = 0; p < 128; p += 9)
-        {
-            auto words = VirtualCorvane::makeProgram ((int) seed % 7, p, seed);
-            auto packed = AutoBank::Pack_Patch_Tolk (words);
-            juce::Array<unsigned char> body (static_cast<const unsigned char*> (packed.getData()), 143);
-            for (auto b : body)
-                ASSERT_LT (b, 128) << "seed " << seed << " program " << p;
-            juce::Array<unsigned short> back;
-            back.insertMultiple (0, 0, 200);
-            AutoBank::UnPack_Patch_Tolk (body, back);
-            ASSERT_EQ (back, words) << "seed " << seed << " program " << p;
-        }
-}
-
-TEST (VirtualCorvane, StoresDumpsAndRecallsByProgramChange)
-{
-    Wire w;
     const auto sound = VirtualCorvane::makeProgram (0, 0, 77);
-    const auto frame = VirtualCorvane::programFrame (sound, 90);
-    w.send ({ 0xB0, 32, 2 });
-    w.corvane.handleIncomingMidiMessage (nullptr, juce::MidiMessage (frame.getData(), (int) frame.getSize()));
-    EXPECT_EQ (w.corvane.getProgram (2, 90), sound);
-
-    w.send ({ 0xC1, 90 }); // another channel: ignored
-    EXPECT_NE (w.corvane.getEditBuffer(), sound);
-    w.send ({ 0xC0, 90 });
-    EXPECT_EQ (w.corvane.getEditBuffer(), sound);
-    EXPECT_EQ (w.corvane.getProgramNumber(), 90);
+    send (raw ({ 0xB0, 32, 2 }));
+    send (sysexOf (VirtualCorvane::programFrame (sound, 90)));
+    EXPECT_EQ (corvane.getProgram (2, 90), sound);
+    send (raw ({ 0xC1, 90 })); // another channel: ignored
+    EXPECT_NE (corvane.getEditBuffer(), sound);
+    send (raw ({ 0xC0, 90 }));
+    EXPECT_EQ (corvane.getEditBuffer(), sound);
+    EXPECT_EQ (corvane.getProgramNumber(), 90);
 }
 
-TEST (VirtualCorvane, FaultsBendTheReplies)
+// Dropped, short and late replies are exercised against the plug-in in the link tests.
+TEST_F (Emulator, GarbledRepliesKeepTheirFrame)
 {
-    Wire w;
-    const std::initializer_list<int> poll = { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 };
-
-    w.corvane.setFaults ({ 2, false, false, 0 });
-    w.send (poll);
-    w.send (poll);
-    EXPECT_TRUE (w.out.empty());
-    w.send (poll);
-    EXPECT_EQ (w.out.size(), 1u);
-
-    w.corvane.setFaults ({ 0, true, false, 0 });
-    w.send (poll);
-    EXPECT_EQ (w.out.back().getRawDataSize(), 148);
-    EXPECT_EQ (w.out.back().getRawData()[147], 0xF7);
-
-    w.corvane.setFaults ({ 0, false, true, 0 });
-    w.send (poll);
-    EXPECT_EQ (w.out.size(), 2u);
-    EXPECT_EQ (w.corvane.releaseLateReplies(), 1);
-    EXPECT_EQ (w.out.size(), 3u);
-
-    w.corvane.setFaults ({ 0, false, false, 40 });
-    w.send (poll);
-    const auto clean = VirtualCorvane::editBufferFrame (w.corvane.getEditBuffer());
-    EXPECT_NE (juce::MemoryBlock (w.out.back().getRawData(), 149), clean);
-    EXPECT_EQ (w.out.back().getRawData()[0], 0xF0);
+    corvane.setFaults ({ 0, false, false, 40 });
+    send (raw ({ 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 }));
+    ASSERT_EQ (out.size(), 1u);
+    EXPECT_NE (juce::MemoryBlock (out[0].getRawData(), (size_t) out[0].getRawDataSize()), VirtualCorvane::editBufferFrame (corvane.getEditBuffer()));
+    EXPECT_EQ (out[0].getRawData()[0], 0xF0);
 }
+
+#ifdef CORVANE_EMULATOR_APP
+TEST (EmulatorApp, RefusesInOneLine)
+{
+    const bool sequencer = juce::File ("/dev/snd/seq").exists(); // with one, no arguments start it
+    for (const auto& [args, status] : { std::pair { juce::StringArray(), 1 }, { juce::StringArray ("--channel", "17"), 2 },
+                                        { juce::StringArray ("--frobnicate"), 2 }, { juce::StringArray ("--seed"), 2 } })
+    {
+        SCOPED_TRACE (args.joinIntoString (" "));
+        if (sequencer && args.isEmpty())
+            continue;
+        juce::StringArray command (CORVANE_EMULATOR_APP);
+        command.addArray (args);
+        juce::ChildProcess child;
+        ASSERT_TRUE (child.start (command));
+        const auto lines = juce::StringArray::fromLines (child.readAllProcessOutput().trimEnd());
+        child.waitForProcessToFinish (30000);
+        EXPECT_EQ ((int) child.getExitCode(), status);
+        ASSERT_EQ (lines.size(), 1) << lines.joinIntoString ("\n");
+        EXPECT_TRUE (status == 2 || lines[0].contains ("no ALSA sequencer"));
+    }
+}
+#endif

@@ -1,24 +1,18 @@
 #include "DeviceLinkFixture.h"
 
-#include <gtest/gtest.h>
-
-using Bytes = std::vector<std::vector<int>>;
-
 TEST (WireProtocol, PollIsTheEditBufferRequestAndGoesOffLine)
 {
     LinkedState link;
     link.state.deviceOnline = true;
     link.state.getPOLL();
     EXPECT_FALSE (link.state.deviceOnline);
-    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x4C0000 });
+    EXPECT_EQ (link.drainCodes(), Codes { 0x4C0000 });
 
     link.state.Dump_Request (5, 99, 0);
     link.state.Dump_Request (6, 17, 0);
     link.state.Dump_Request (9, 0, 0); // no caller asks for this: the bare header
-    const Bytes expected = { { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 },
-                             { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 },
-                             { 0xF0, 0x04, 0x01, 0x00, 0x06, 17, 0xF7 },
-                             { 0xF0, 0x04, 0x01 } };
+    const Bytes expected = { { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 }, { 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 },
+                             { 0xF0, 0x04, 0x01, 0x00, 0x06, 17, 0xF7 }, { 0xF0, 0x04, 0x01 } };
     EXPECT_EQ (link.sent(), expected);
 }
 
@@ -29,8 +23,10 @@ TEST (WireProtocol, NothingLeavesWithoutAnOutput)
     link.state.getPOLL();
     link.state.SEND_BNPR (1, 2, 3, true, false);
     EXPECT_FALSE (link.state.SEND_PARAM_CC (17, 100, 0));
+    link.state.portControl->Send_PitchBend (1, 8192);
+    link.state.portControl->sendBlockOfMessages (juce::MidiBuffer (juce::MidiMessage::noteOn (1, 60, (juce::uint8) 1)), 0.0, 44100.0);
     EXPECT_TRUE (link.sent().empty());
-    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x4C0000 }); // the state still moves
+    EXPECT_EQ (link.drainCodes(), Codes { 0x4C0000 }); // the state still moves
 }
 
 TEST (WireProtocol, BankAndProgramSelection)
@@ -40,25 +36,18 @@ TEST (WireProtocol, BankAndProgramSelection)
     link.state.SEND_BNPR (1, 3, 128, true, false); // no program change for 128
     link.state.SEND_BANKch (1, 6);
     EXPECT_EQ (link.state.bankNumber, 6);
-    const Bytes expected = { { 0xBF, 0, 0 }, { 0xBF, 32, 2 }, { 0xCF, 5 },
-                             { 0xB0, 0, 0 }, { 0xB0, 32, 3 },
-                             { 0xB0, 0, 0 }, { 0xB0, 32, 6 } };
-    EXPECT_EQ (link.sent(), expected);
-    EXPECT_EQ (link.drainHost(), (std::vector<std::pair<int, int>> { { 89, 2 }, { 56, 5 } }));
-}
+    EXPECT_EQ (link.sent(), (Bytes { { 0xBF, 0, 0 }, { 0xBF, 32, 2 }, { 0xCF, 5 }, { 0xB0, 0, 0 }, { 0xB0, 32, 3 },
+                                     { 0xB0, 0, 0 }, { 0xB0, 32, 6 } }));
+    EXPECT_EQ (link.drainHost(), (HostChanges { { 89, 2 }, { 56, 5 } }));
 
-TEST (WireProtocol, ProgramMessageRecallsFromTheStoreAndSelectsOnTheDevice)
-{
-    LinkedState link;
+    // PROGRAM_MESSAGE recalls from the store and selects on the device.
     const auto words = VirtualCorvane::makeProgram (3, 9, 42);
     link.state.banks[3]->setStoredProgram (9, words);
-
     link.state.PROGRAM_MESSAGE (3, 9, true, false);
     EXPECT_EQ (link.state.bankNumber, 3);
     EXPECT_EQ (link.state.programNumber, 9);
-    for (int i = 0; i < 200; ++i)
-        ASSERT_EQ (link.state.editBuffer->patchData[i], words[i]) << i;
-    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x440000 });
+    link.expectEditBuffer (words);
+    EXPECT_EQ (link.drainCodes(), Codes { 0x440000 });
     EXPECT_EQ (link.sent(), (Bytes { { 0xB0, 0, 0 }, { 0xB0, 32, 3 }, { 0xC0, 9 } }));
 
     // A bank that no store holds, or a program past the bank, changes nothing.
@@ -73,65 +62,54 @@ TEST (WireProtocol, HostDisplaySendsTheEditBufferAndRefreshesTheTouchSurface)
 {
     LinkedState link;
     auto words = VirtualCorvane::makeProgram (0, 5, 7);
-    words.set (83, 20);
-    words.set (87, 21);
-    words.set (91, 0);
-    words.set (94, 127);
+    for (auto [word, value] : { std::pair { 83, 20 }, { 87, 21 }, { 91, 0 }, { 94, 127 } })
+        words.set (word, (unsigned short) value);
     link.state.editBuffer->setStoredProgram (5, words);
     link.state.hostProgram = 5;
 
     link.state.SEND_HOST_DISPLAY();
-    EXPECT_EQ (link.state.tsCtrl[0], 20);
-    EXPECT_EQ (link.state.tsCtrl[1], 21);
-    EXPECT_EQ (link.state.tsCtrl[2], 0);
-    EXPECT_EQ (link.state.tsCtrl[3], 127);
-    const auto out = link.sent();
-    ASSERT_EQ (out.size(), 1u);
+    EXPECT_EQ ((std::vector<int> (link.state.tsCtrl.begin(), link.state.tsCtrl.end())), (std::vector<int> { 20, 21, 0, 127 }));
     const auto frame = VirtualCorvane::editBufferFrame (words);
     const auto* f = static_cast<const juce::uint8*> (frame.getData());
-    EXPECT_EQ (out[0], std::vector<int> (f, f + frame.getSize()));
-    EXPECT_EQ (link.drainCodes(), std::vector<unsigned> { 0x440000 });
+    EXPECT_EQ (link.sent(), (Bytes { std::vector<int> (f, f + frame.getSize()) }));
+    EXPECT_EQ (link.drainCodes(), Codes { 0x440000 });
 }
 
-TEST (WireProtocol, ControllerMapAndScaling)
+// A sound parameter's value, the controllers it leaves as, and whether they come back in as the same change.
+TEST (WireProtocol, ControllerMapAndScalingBothWays)
 {
-    struct Case
-    {
-        int param, value;
-        Bytes bytes;
+    const std::tuple<int, int, Bytes, bool> cases[] = {
+        { 17, 255, { { 0xB0, 3, 127 }, { 0xB0, 35, 64 } }, true },
+        { 17, 254, { { 0xB0, 3, 127 }, { 0xB0, 35, 0 } }, true },
+        { 36, 200, { { 0xB0, 0, 100 }, { 0xB0, 32, 0 } }, false }, // shares bank select, kept so
+        { 45, 1, { { 0xB0, 7, 0 }, { 0xB0, 39, 64 } }, true },
+        { 58, 1, { { 0xB0, 79, 0 } }, true },                       // inverted
+        { 59, 0, { { 0xB0, 80, 127 } }, true },
+        { 47, 7, { { 0xB0, 68, 112 } }, true },                     // stepped by 16
+        { 46, 3, { { 0xB0, 67, 96 } }, true },                      // stepped by 32
+        { 55, 5, { { 0xB0, 76, 80 } }, true },
+        { 56, 1, { { 0xB0, 77, 127 } }, true },
+        { 67, 1, { { 0xB0, 88, 127 } }, true },
+        { 68, 1, { { 0xB0, 65, 127 } }, true },
+        { 69, 100, {}, true },                                      // touch surface: the program's controllers,
+        { 70, 100, {}, true },                                      // none below 1
+        { 71, 100, { { 0xB0, 20, 100 } }, true },
     };
-    const Case cases[] = {
-        { 17, 255, { { 0xB0, 3, 127 }, { 0xB0, 35, 64 } } },
-        { 17, 254, { { 0xB0, 3, 127 }, { 0xB0, 35, 0 } } },
-        { 36, 200, { { 0xB0, 0, 100 }, { 0xB0, 32, 0 } } }, // shares bank select, kept so
-        { 45, 1, { { 0xB0, 7, 0 }, { 0xB0, 39, 64 } } },
-        { 58, 1, { { 0xB0, 79, 0 } } },                     // inverted
-        { 59, 0, { { 0xB0, 80, 127 } } },
-        { 47, 7, { { 0xB0, 68, 112 } } },                   // stepped by 16
-        { 46, 3, { { 0xB0, 67, 96 } } },                    // stepped by 32
-        { 55, 5, { { 0xB0, 76, 80 } } },
-        { 56, 1, { { 0xB0, 77, 127 } } },
-        { 67, 1, { { 0xB0, 88, 127 } } },
-        { 68, 1, { { 0xB0, 65, 127 } } },
-    };
-    for (const auto& c : cases)
+    for (const auto& [param, value, bytes, comesBack] : cases)
     {
+        SCOPED_TRACE (param);
         LinkedState link;
-        EXPECT_TRUE (link.state.SEND_PARAM_CC (c.param, c.value, 0)) << c.param;
-        EXPECT_EQ (link.sent(), c.bytes) << c.param;
+        link.state.tsCtrl[0] = -1;
+        link.state.tsCtrl[1] = 0;
+        link.state.tsCtrl[2] = 20;
+        EXPECT_EQ (link.state.SEND_PARAM_CC (param, value, 0), ! bytes.empty());
+        EXPECT_EQ (link.sent(), bytes);
+        if (! comesBack)
+            continue;
+        for (auto& m : bytes)
+            link.receive (juce::MidiMessage (m[0], m[1], m[2]));
+        EXPECT_EQ (link.drainHost(), (bytes.empty() ? HostChanges() : HostChanges { { param, value } }));
     }
-}
-
-TEST (WireProtocol, TouchSurfaceUsesTheProgramsControllerNumbers)
-{
-    LinkedState link;
-    link.state.tsCtrl[0] = -1;
-    link.state.tsCtrl[1] = 0;
-    EXPECT_FALSE (link.state.SEND_PARAM_CC (69, 100, 0));
-    EXPECT_FALSE (link.state.SEND_PARAM_CC (70, 100, 0));
-    link.state.tsCtrl[2] = 20;
-    EXPECT_TRUE (link.state.SEND_PARAM_CC (71, 100, 0));
-    EXPECT_EQ (link.sent(), (Bytes { { 0xB0, 20, 100 } }));
 }
 
 TEST (WireProtocol, DuplicatesAreDroppedOnlyAgainstTheLastMessage)
