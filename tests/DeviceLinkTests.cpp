@@ -75,10 +75,13 @@ struct CorvaneLink : ::testing::Test
 } // namespace
 
 // The poll is the edit-buffer request.
-TEST_F (CorvaneLink, PollTurnsTheStateOnLineAndFillsTheEditBuffer)
+TEST_F (CorvaneLink, PollTurnsTheStateOnLineFillsTheEditBufferAndSavesScannedPorts)
 {
     const auto sound = VirtualCorvane::makeProgram (5, 5, seed + 1);
     corvane.setEditBuffer (sound);
+    link.state.scanActive = true; // during a scan the reply saves the ports that found it
+    link.state.scanInput = 3;
+    link.state.scanOutput = 4;
     link.state.getPOLL();
     EXPECT_EQ (link.drainCodes(), Codes { 0x4C0000 });
     EXPECT_FALSE (link.state.deviceOnline);
@@ -86,6 +89,8 @@ TEST_F (CorvaneLink, PollTurnsTheStateOnLineAndFillsTheEditBuffer)
     EXPECT_TRUE (link.state.deviceOnline);
     EXPECT_EQ (link.drainCodes(), (Codes { 0x500000, 0x440000, 0x480000 }));
     link.expectEditBuffer (sound, true);
+    EXPECT_EQ (link.state.iniSlotInt (1), 3);
+    EXPECT_EQ (link.state.iniSlotInt (2), 4);
 }
 
 TEST_F (CorvaneLink, ReceivingOneBank)
@@ -146,6 +151,13 @@ TEST_F (CorvaneLink, AKnobOnTheInstrumentArrivesAsItsParameterChange)
     corvane.movePanel (47, 5);   // Wheel Src, stepped
     link.backend.deliverPending();
     EXPECT_EQ (link.drainHost(), (HostChanges { { 32, 201 }, { 58, 1 }, { 47, 5 } }));
+
+    auto& ports = *link.state.portControl; // a closed input hears nothing more
+    ports.closeDevice (true, ports.currentInput);
+    EXPECT_FALSE (ports.inputOpen);
+    corvane.movePanel (32, 7);
+    link.backend.deliverPending();
+    EXPECT_TRUE (link.drainHost().empty());
 }
 
 TEST_F (CorvaneLink, AProgramChangeOnTheInstrumentLoadsThatProgram)

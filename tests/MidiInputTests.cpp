@@ -66,18 +66,6 @@ TEST (MidiInput, SysexIsAssembledWholeOrInPieces)
     EXPECT_TRUE (link.drainCodes().empty());
 }
 
-TEST (MidiInput, PollReplyDuringAScanSavesThePorts)
-{
-    LinkedState link;
-    link.state.scanActive = true;
-    link.state.scanInput = 3;
-    link.state.scanOutput = 4;
-    link.receive (VirtualCorvane::editBufferFrame (VirtualCorvane::makeProgram (1, 1, 1)));
-    EXPECT_TRUE (link.state.deviceOnline);
-    EXPECT_EQ (link.state.iniSlotInt (1), 3);
-    EXPECT_EQ (link.state.iniSlotInt (2), 4);
-}
-
 TEST (MidiInput, AProgramDumpLandsInTheSelectedBankUnlessItNamesNoPlace)
 {
     LinkedState link;

@@ -74,29 +74,3 @@ TEST_F (Ports, DeviceListReusesEntriesByNameAndIdentifier)
     EXPECT_FALSE (ports.outputOpen);
     EXPECT_EQ (ports.currentOutput, -1);
 }
-
-TEST_F (Ports, InputsDeliverToTheCallbackUntilClosed)
-{
-    struct Counter : juce::MidiInputCallback
-    {
-        int count = 0;
-        void handleIncomingMidiMessage (juce::MidiInput*, const juce::MidiMessage&) override { ++count; }
-    } counter;
-
-    const auto keys = backend.addSource ("Keys");
-    ports.updateDeviceList (true);
-    ports.open_Device (true, -1, &counter);
-    EXPECT_FALSE (ports.inputOpen);
-    ports.open_Device (true, 0, &counter);
-    ASSERT_TRUE (ports.inputOpen);
-
-    const auto note = juce::MidiMessage::noteOn (1, 1, (juce::uint8) 1);
-    backend.sendFromSource (keys, note);
-    backend.deliverPending();
-    ports.closeDevice (true, ports.currentInput);
-    EXPECT_FALSE (ports.inputOpen);
-    EXPECT_EQ (ports.currentInput, 0); // left as it was
-    backend.sendFromSource (keys, note);
-    backend.deliverPending();
-    EXPECT_EQ (counter.count, 1);
-}
