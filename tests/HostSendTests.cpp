@@ -1,19 +1,22 @@
-#include "LinkedProcessor.h"
 #include "device/MIDI_PORTS_Control.h"
 #include "sound/AutoBank.h"
 
 #include "AllocationCounter.h"
+#include "LinkedProcessor.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-std::vector<std::vector<int>> bytesOf (const std::vector<LinkedProcessor::Sent>& sent)
+using Bytes = std::vector<std::vector<int>>;
+
+juce::AudioPlayHead::PositionInfo playing (double bpm, double ppq)
 {
-    std::vector<std::vector<int>> out;
-    for (auto& s : sent)
-        out.push_back (s.bytes);
-    return out;
+    juce::AudioPlayHead::PositionInfo info;
+    info.setBpm (bpm);
+    info.setPpqPosition (ppq);
+    info.setIsPlaying (true);
+    return info;
 }
 
 JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
@@ -24,28 +27,31 @@ TEST (HostSends, AutomationSendsTheControllerPairOnceAndPostsItsCode)
     LinkedProcessor linked;
     ASSERT_TRUE (linked.state().portControl->outputOpen);
     auto& p = linked.processor;
-
-    p.setParameter (4, 0.0f);
+    p.setParameter (4, 0.0f); // away from the initial program's centre
     linked.sent();
     linked.drainCodes();
 
-    p.setParameter (4, 0.5f); // Osc 2 Freq: 128, sent as 64 on its MSB controller and 0 on the LSB
+    p.setParameter (4, 0.5f); // Osc 2 Freq: 255 * 0.5 = 127.5 ties to even: 128, sent as 64 on the MSB and 0 on the LSB
     EXPECT_EQ (linked.state().editBuffer->patchData[21], 128 << 8);
-    EXPECT_EQ (bytesOf (linked.sent()), (std::vector<std::vector<int>> { { 0xB0, 10, 64 }, { 0xB0, 42, 0 } }));
+    EXPECT_EQ (linked.sentBytes(), (Bytes { { 0xB0, 10, 64 }, { 0xB0, 42, 0 } }));
     EXPECT_EQ (linked.drainCodes(), (std::vector<unsigned> { 0x400000u + (21u << 8) + 128u }));
+    EXPECT_FLOAT_EQ (p.getParameter (4), 128.0f / 255.0f);
+    EXPECT_EQ (p.getParameterText (4), "128"); // a plain number: the centred rule sits on other indices
 
-    p.setParameter (4, 0.5f); // the same rounded value: nothing at all
+    p.setParameter (4, 0.501f); // the same rounded value: nothing at all
     EXPECT_TRUE (linked.sent().empty());
     EXPECT_TRUE (linked.drainCodes().empty());
 
     linked.state().tsCtrl[0] = 0; // touch surface X with no controller: value and code only
-    p.setParameter (52, 0.5f);
+    p.setParameter (52, 1.0f);
     EXPECT_TRUE (linked.sent().empty());
-    EXPECT_EQ (linked.state().tsValue[0].load(), 64);
+    EXPECT_EQ (linked.state().tsValue[0].load(), 127);
+    EXPECT_EQ (linked.drainCodes(), (std::vector<unsigned> { 0x400000u + (69u << 8) + 127u }));
+    EXPECT_FLOAT_EQ (p.getParameter (52), 1.0f);
 
     linked.state().tsCtrl[1] = 12;
     p.setParameter (53, 1.0f);
-    EXPECT_EQ (bytesOf (linked.sent()), (std::vector<std::vector<int>> { { 0xB0, 12, 127 } }));
+    EXPECT_EQ (linked.sentBytes(), (Bytes { { 0xB0, 12, 127 } }));
 }
 
 TEST (HostSends, RawMidiParametersGoOutAtOnce)
@@ -53,18 +59,19 @@ TEST (HostSends, RawMidiParametersGoOutAtOnce)
     LinkedProcessor linked;
     auto& p = linked.processor;
     linked.state().midiChannel = 3;
-
-    p.setParameter (64, 0.0f);          // VOLUME from 100 to 0
-    p.setParameter (185 + 60, 1.0f);    // polyphonic pressure of note 60
-    p.setParameter (314, 64.0f / 127);  // channel pressure
+    p.setParameter (64, 0.0f);         // VOLUME from 100 to 0
+    p.setParameter (185 + 60, 1.0f);   // polyphonic pressure of note 60
+    p.setParameter (314, 64.0f / 127); // channel pressure
     p.setParameter (313, 8192.0f / 16363.0f);
 
     const auto sent = linked.sent();
-    EXPECT_EQ (bytesOf (sent), (std::vector<std::vector<int>> {
-        { 0xB2, 7, 0 }, { 0xA2, 60, 127 }, { 0xD2, 64 }, { 0xE2, 0, 64 } }));
-    const double now = juce::Time::getMillisecondCounterHiRes();
-    for (auto& s : sent)
-        EXPECT_NEAR (s.timeMs, now, 50.0); // at once, never compensated
+    ASSERT_EQ (sent.size(), 4u);
+    const Bytes expected { { 0xB2, 7, 0 }, { 0xA2, 60, 127 }, { 0xD2, 64 }, { 0xE2, 0, 64 } };
+    for (size_t i = 0; i < sent.size(); ++i)
+    {
+        EXPECT_EQ (sent[i].bytes, expected[i]);
+        EXPECT_NEAR (sent[i].timeMs, juce::Time::getMillisecondCounterHiRes(), 50.0); // at once, never compensated
+    }
 }
 
 TEST (HostSends, HostNotesLeaveWithTheCompensationUnlessAtSampleZero)
@@ -92,7 +99,6 @@ TEST (HostSends, HostProgramChangeSelectsBankAndProgramOnTheInstrument)
 {
     LinkedProcessor linked;
     linked.state().localFlag = false;
-
     juce::MidiBuffer midi;
     midi.addEvent (juce::MidiMessage::controllerEvent (1, 32, 2), 0);
     midi.addEvent (juce::MidiMessage::programChange (1, 17), 1);
@@ -100,7 +106,7 @@ TEST (HostSends, HostProgramChangeSelectsBankAndProgramOnTheInstrument)
     midi.addEvent (juce::MidiMessage::programChange (1, 18), 3);       // the selection is ignored
     linked.process (midi, 64);
 
-    EXPECT_EQ (bytesOf (linked.sent()), (std::vector<std::vector<int>> { { 0xB0, 0, 0 }, { 0xB0, 32, 2 }, { 0xC0, 17 } }));
+    EXPECT_EQ (linked.sentBytes(), (Bytes { { 0xB0, 0, 0 }, { 0xB0, 32, 2 }, { 0xC0, 17 } }));
     EXPECT_EQ (linked.state().editBuffer->patchData, linked.state().banks[2]->getStoredProgram (17));
 }
 
@@ -112,13 +118,13 @@ TEST (HostSends, ClockBytesLeaveCompensatedAtTheirSampleTimes)
         SCOPED_TRACE (mode);
         LinkedProcessor linked (rate, 1024);
         linked.state().SetSyncModes (mode, { 5, 0, 0, 0, 0, 0, 9 });
-
         juce::MidiBuffer midi;
         linked.process (midi, 1024); // stopped at 0: Stop and pointer 0, once
         auto sent = linked.sent();
-        ASSERT_EQ (bytesOf (sent), (std::vector<std::vector<int>> { { 0xFC }, { 0xF2, 0, 0 } }));
+        ASSERT_EQ (sent.size(), 2u);
+        EXPECT_EQ (sent[0].bytes, std::vector<int> { 0xFC });
+        EXPECT_EQ (sent[1].bytes, (std::vector<int> { 0xF2, 0, 0 }));
         EXPECT_NEAR (sent[0].timeMs - juce::Time::getMillisecondCounterHiRes(), expected, 5.0);
-
         linked.process (midi, 1024);
         EXPECT_TRUE (linked.sent().empty());
     }
@@ -127,37 +133,29 @@ TEST (HostSends, ClockBytesLeaveCompensatedAtTheirSampleTimes)
 TEST (HostSends, RunningClockOverThePortAndSwitchedOff)
 {
     LinkedProcessor linked (48000.0, 4000);
-    juce::AudioPlayHead::PositionInfo info;
-    struct PlayHead : juce::AudioPlayHead
-    {
-        juce::Optional<PositionInfo> getPosition() const override { return position; }
-        PositionInfo position;
-    } playHead;
-
-    playHead.position.setBpm (120.0);
-    playHead.position.setPpqPosition (0.0);
-    playHead.position.setIsPlaying (true);
+    ScriptedPlayHead playHead;
+    playHead.position = playing (120.0, 0.0);
     linked.processor.setPlayHead (&playHead);
 
     juce::MidiBuffer midi;
     linked.process (midi, 4000); // reads the play head for the next block
     linked.sent();
     linked.process (midi, 4000);
-    const auto sent = linked.sent();
 
-    // At 48 kHz and 120 bpm a clock every 1000 samples, 1/48 ms apart per sample.
+    // At 48 kHz and 120 bpm a clock every 1000 samples, 1/48 ms apart per sample; never a Start.
     std::vector<double> ticks;
-    for (auto& s : sent)
+    for (auto& s : linked.sent())
+    {
+        EXPECT_NE (s.bytes[0], 0xFA);
         if (s.bytes == std::vector<int> { 0xF8 })
             ticks.push_back (s.timeMs);
+    }
     ASSERT_EQ (ticks.size(), 4u);
     for (size_t k = 1; k < ticks.size(); ++k)
         EXPECT_NEAR (ticks[k] - ticks[k - 1], 1000.0 / 48.0, 0.01);
-    for (auto& s : sent)
-        EXPECT_NE (s.bytes[0], 0xFA); // never a Start
 
     linked.state().localFlag = false; // "Clock ON/OFF" off: nothing at all
-    playHead.position.setPpqPosition (16.0);
+    playHead.position = playing (120.0, 16.0);
     linked.process (midi, 4000);
     linked.process (midi, 4000);
     EXPECT_TRUE (linked.sent().empty());
@@ -166,16 +164,14 @@ TEST (HostSends, RunningClockOverThePortAndSwitchedOff)
 
 TEST (HostSends, NoAllocationWithTheClockRunningNotesSentAndProgramsRecalled)
 {
-    LinkedProcessor linked (48000.0, 512);
-    struct PlayHead : juce::AudioPlayHead
     {
-        juce::Optional<PositionInfo> getPosition() const override { return position; }
-        PositionInfo position;
-    } playHead;
-    playHead.position.setBpm (130.0);
-    playHead.position.setIsPlaying (true);
+        ScopedAllocationCount probe; // the counter itself must see an allocation
+        auto allocated = std::make_unique<int> (1);
+        ASSERT_EQ (probe.count(), 1u);
+    }
+    LinkedProcessor linked (48000.0, 512);
+    ScriptedPlayHead playHead;
     linked.processor.setPlayHead (&playHead);
-
     juce::AudioBuffer<float> audio (2, 512);
     juce::MidiBuffer midi;
     midi.ensureSize (4096);
@@ -187,18 +183,22 @@ TEST (HostSends, NoAllocationWithTheClockRunningNotesSentAndProgramsRecalled)
         midi.addEvent (juce::MidiMessage::noteOff (1, 60), 300);
         midi.addEvent (juce::MidiMessage::pitchWheel (1, 9000), 400);
         midi.addEvent (juce::MidiMessage::programChange (1, (int) (ppq * 10) % 2 + 5), 450); // recalls a program
-        playHead.position.setPpqPosition (ppq);
+        const juce::ScopedLock sl (linked.state().lock); // notes from the instrument to the host
+        linked.state().hostMidi.addEvent (juce::MidiMessage::noteOn (1, 70, (juce::uint8) 80), 100);
+        linked.state().hostMidi.addEvent (juce::MidiMessage::noteOff (1, 70), 104);
+        playHead.position = playing (130.0, ppq);
         ppq += 512 * 130.0 / 60.0 / 48000.0;
-        linked.processor.processBlock (audio, midi);
     };
 
     block();
+    linked.processor.processBlock (audio, midi);
     size_t sentCount = 0;
     for (int b = 0; b < 200; ++b)
     {
+        block();
         {
             ScopedAllocationCount allocations;
-            block();
+            linked.processor.processBlock (audio, midi);
             ASSERT_EQ (allocations.count(), 0u) << "block " << b;
         }
         sentCount += linked.sent().size();

@@ -7,6 +7,22 @@
 
 #include <vector>
 
+inline std::vector<unsigned> drainCodes (MidiCntrState& state)
+{
+    std::vector<unsigned> codes;
+    for (unsigned code = 0; state.popUpdateCode (code);)
+        codes.push_back (code);
+    return codes;
+}
+
+// A processor with ports closed and a settings folder of its own.
+struct PlainProcessor
+{
+    ScratchFolder settings;
+    DeskerAudioProcessor processor { settings.dir };
+    MidiCntrState& state() { return processor.midiCntrState; }
+};
+
 // A processor whose saved ports name a virtual Corvane on in-process MIDI, so that it starts with
 // both ports open, as the plug-in does when the instrument is attached.
 class LinkedProcessor
@@ -27,15 +43,7 @@ public:
     }
 
     MidiCntrState& state() { return processor.midiCntrState; }
-
-    std::vector<unsigned> drainCodes()
-    {
-        std::vector<unsigned> codes;
-        unsigned code = 0;
-        while (state().popUpdateCode (code))
-            codes.push_back (code);
-        return codes;
-    }
+    std::vector<unsigned> drainCodes() { return ::drainCodes (state()); }
 
     // What went out towards the instrument since the last call, with its scheduled time.
     std::vector<Sent> sent()
@@ -44,6 +52,14 @@ public:
         for (auto& t : backend.messagesTo (device.inputId))
             out.push_back ({ std::vector<int> (t.message.getRawData(), t.message.getRawData() + t.message.getRawDataSize()), t.timeMs });
         backend.clearLog (device.inputId);
+        return out;
+    }
+
+    std::vector<std::vector<int>> sentBytes()
+    {
+        std::vector<std::vector<int>> out;
+        for (auto& s : sent())
+            out.push_back (s.bytes);
         return out;
     }
 
@@ -69,4 +85,11 @@ public:
     InProcessMidiBackend backend;
     InProcessCorvane device { backend };
     DeskerAudioProcessor processor { savePorts (folder, backend), &backend };
+};
+
+// A play head the test scripts block by block.
+struct ScriptedPlayHead : juce::AudioPlayHead
+{
+    juce::Optional<PositionInfo> getPosition() const override { return position; }
+    juce::Optional<PositionInfo> position;
 };

@@ -6,37 +6,18 @@
 
 namespace
 {
-struct LoadedBundle : ::testing::Test
-{
-    void SetUp() override
-    {
-        juce::OwnedArray<juce::PluginDescription> found;
-        format.findAllTypesForFile (found, DESKER_VST3_BUNDLE);
-        ASSERT_EQ (found.size(), 1) << "no plug-in in " << DESKER_VST3_BUNDLE;
-        description = *found[0];
-
-        juce::String error;
-        instance = format.createInstanceFromDescription (description, 44100.0, 512, error);
-        ASSERT_NE (instance, nullptr) << error;
-    }
-
-    juce::VST3PluginFormat format;
-    juce::PluginDescription description;
-    std::unique_ptr<juce::AudioPluginInstance> instance;
-};
-
 juce::String designedName (int index)
 {
     static const char* const names[] = {
-        "LFO Rate", "Glide Rate", "Mod Wheel Amt", "Pedal Amt", "Osc 2 Freq", "Osc 3 Freq", "Osc 1 Wave",
-        "Osc 2 Wave", "Osc 3 Wave", "Filter Spacing", "Ext Audio", "Osc 1 level", "Osc 2 level", "Osc 3 level",
-        "Noise level", "Filter Cutoff", "Filter Res", "Filter Env Amt", "Filter kb Amt", "Head Phone Amt",
-        "Filter Attack", "Filter Decay", "Filter Sustain", "Filter Release", "Volume Attack", "Volume Decay",
-        "Volume Sustain", "Volume Release", "Master Volume", "LFO Sync", "Wheel Src", "Wheel Dst",
-        "Wheel Shaping", "Pedal Src", "Pedal Dst", "Pedal Shaping", "Octave osc 1", "Octave osc 2",
-        "Octave osc 3", "Osc 1-2 Sync", "Osc 3-1 FM", "Osc 3 KB Ctrl", "Osc 3 Freq", "Ext Audio on/off",
-        "Osc 1 on/off", "Osc 2 on/off", "Osc 3 on/off", "noise on/off", "Filter Mode", "Env KB Gate",
-        "Release on/Off", "Glide on/off", "Touch Surf X", "Touch Surf Y", "Touch Surf A", "Touch Surf G" };
+        "LFO Rate", "Glide Rate", "Mod Wheel Amt", "Pedal Amt", "Osc 2 Freq", "Osc 3 Freq", "Osc 1 Wave", "Osc 2 Wave",
+        "Osc 3 Wave", "Filter Spacing", "Ext Audio", "Osc 1 level", "Osc 2 level", "Osc 3 level", "Noise level",
+        "Filter Cutoff", "Filter Res", "Filter Env Amt", "Filter kb Amt", "Head Phone Amt", "Filter Attack",
+        "Filter Decay", "Filter Sustain", "Filter Release", "Volume Attack", "Volume Decay", "Volume Sustain",
+        "Volume Release", "Master Volume", "LFO Sync", "Wheel Src", "Wheel Dst", "Wheel Shaping", "Pedal Src",
+        "Pedal Dst", "Pedal Shaping", "Octave osc 1", "Octave osc 2", "Octave osc 3", "Osc 1-2 Sync", "Osc 3-1 FM",
+        "Osc 3 KB Ctrl", "Osc 3 Freq", "Ext Audio on/off", "Osc 1 on/off", "Osc 2 on/off", "Osc 3 on/off",
+        "noise on/off", "Filter Mode", "Env KB Gate", "Release on/Off", "Glide on/off", "Touch Surf X", "Touch Surf Y",
+        "Touch Surf A", "Touch Surf G" };
 
     if (index < 56) return names[index];
     if (index == 56) return "PROGRAM";
@@ -49,64 +30,56 @@ juce::String designedName (int index)
 }
 } // namespace
 
-TEST_F (LoadedBundle, IdentityAsTheHostSeesIt)
+TEST (LoadedBundle, IdentityBusesAndExactly315AutomatableParametersOfOurs)
 {
+    juce::VST3PluginFormat format;
+    juce::OwnedArray<juce::PluginDescription> found;
+    format.findAllTypesForFile (found, DESKER_VST3_BUNDLE);
+    ASSERT_EQ (found.size(), 1) << "no plug-in in " << DESKER_VST3_BUNDLE;
+    const auto& description = *found[0];
+    juce::String error;
+    auto instance = format.createInstanceFromDescription (description, 44100.0, 512, error);
+    ASSERT_NE (instance, nullptr) << error;
+
     EXPECT_EQ (description.name, "Corvane Desker");
     EXPECT_EQ (description.manufacturerName, "Tolk Audio");
     EXPECT_EQ (description.pluginFormatName, "VST3");
     EXPECT_TRUE (description.isInstrument);
-    EXPECT_TRUE (description.category.contains ("Instrument"));
-    EXPECT_TRUE (description.category.contains ("Synth"));
-
+    EXPECT_TRUE (description.category.contains ("Instrument") && description.category.contains ("Synth")) << description.category;
     EXPECT_EQ (instance->getName(), "Corvane Desker");
-    EXPECT_TRUE (instance->acceptsMidi());
-    EXPECT_TRUE (instance->producesMidi());
+    EXPECT_TRUE (instance->acceptsMidi() && instance->producesMidi() && instance->hasEditor());
     EXPECT_EQ (instance->getNumPrograms(), 128);
     EXPECT_EQ (instance->getLatencySamples(), 0);
     EXPECT_EQ (instance->getTailLengthSeconds(), 0.0);
-    EXPECT_TRUE (instance->hasEditor());
-}
 
-TEST_F (LoadedBundle, OneStereoInputAndOneStereoOutput)
-{
-    ASSERT_EQ (instance->getBusCount (true), 1);
-    ASSERT_EQ (instance->getBusCount (false), 1);
-    EXPECT_EQ (instance->getBus (true, 0)->getName(), "Input");
-    EXPECT_EQ (instance->getBus (false, 0)->getName(), "Output");
-    EXPECT_EQ (instance->getBus (true, 0)->getCurrentLayout(), juce::AudioChannelSet::stereo());
-    EXPECT_EQ (instance->getBus (false, 0)->getCurrentLayout(), juce::AudioChannelSet::stereo());
-    EXPECT_TRUE (instance->getBus (true, 0)->isEnabled());
-    EXPECT_TRUE (instance->getBus (false, 0)->isEnabled());
-}
-
-TEST_F (LoadedBundle, Exactly315AutomatableParametersOfOurs)
-{
-    const auto& params = instance->getParameters();
-    ASSERT_GE (params.size(), 315);
+    for (bool input : { true, false })
+    {
+        ASSERT_EQ (instance->getBusCount (input), 1);
+        auto* bus = instance->getBus (input, 0);
+        EXPECT_EQ (bus->getName(), input ? "Input" : "Output");
+        EXPECT_EQ (bus->getCurrentLayout(), juce::AudioChannelSet::stereo());
+        EXPECT_TRUE (bus->isEnabled());
+    }
 
     std::set<juce::String> ids;
     int ours = 0;
-    for (auto* p : params)
+    for (auto* p : instance->getParameters())
     {
         auto* hosted = dynamic_cast<juce::HostedAudioProcessorParameter*> (p);
         ASSERT_NE (hosted, nullptr);
         EXPECT_TRUE (ids.insert (hosted->getParameterID()).second) << "duplicate id " << hosted->getParameterID();
-
         const int index = p->getParameterIndex();
+        const auto name = p->getName (64);
         if (index < 315)
         {
             ++ours;
-            EXPECT_EQ (p->getName (64), designedName (index)) << index;
+            EXPECT_EQ (name, designedName (index)) << index;
             EXPECT_TRUE (p->isAutomatable()) << index;
             // Legacy ids: the parameter's own index, never one of the wrapper's.
             EXPECT_EQ (hosted->getParameterID(), juce::String (index)) << index;
         }
-        else
-        {
-            // The wrapper's own: bypass, program list and the hidden MIDI-controller parameters.
-            const auto name = p->getName (64);
+        else // the wrapper's own: bypass, program list and the hidden MIDI-controller parameters
             EXPECT_TRUE (name == "Bypass" || name == "Program" || name.startsWith ("MIDI CC ")) << name;
-        }
     }
     EXPECT_EQ (ours, 315);
 }
