@@ -22,7 +22,7 @@ juce::AudioPlayHead::PositionInfo playing (double bpm, double ppq)
 JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
 } // namespace
 
-TEST (HostSends, AutomationSendsTheControllerPairOnceAndPostsItsCode)
+TEST (HostSends, AutomationSendsControllerPairsOnceAndRawMidiAtOnce)
 {
     LinkedProcessor linked;
     ASSERT_TRUE (linked.state().portControl->outputOpen);
@@ -52,12 +52,8 @@ TEST (HostSends, AutomationSendsTheControllerPairOnceAndPostsItsCode)
     linked.state().tsCtrl[1] = 12;
     p.setParameter (53, 1.0f);
     EXPECT_EQ (linked.sentBytes(), (Bytes { { 0xB0, 12, 127 } }));
-}
 
-TEST (HostSends, RawMidiParametersGoOutAtOnce)
-{
-    LinkedProcessor linked;
-    auto& p = linked.processor;
+    // Raw MIDI parameters go out at once.
     linked.state().midiChannel = 3;
     p.setParameter (64, 0.0f);         // VOLUME from 100 to 0
     p.setParameter (185 + 60, 1.0f);   // polyphonic pressure of note 60
