@@ -7,17 +7,13 @@
 inline std::pair<int, int> soundParameterRange (int i)
 {
     if (i <= 15)
-    {
-        if (i == 2 || i == 5 || i == 9 || i == 13)
-            return { 0, 1 };
-        return i % 4 == 3 ? std::pair { 0, 3 } : std::pair { 0, 39 };
-    }
-    if (i == 16 || i == 104 || (i >= 17 && i <= 45))
+        return { 0, (i == 2 || i == 5 || i == 9 || i == 13) ? 1 : i % 4 == 3 ? 3 : 39 };
+    if (i <= 45 || i == 104)
         return { 0, 65535 };
-    if (i == 46 || i == 49 || i == 52)
-        return { 0, 3 };
-    if (i == 47 || i == 48 || i == 50 || i == 51 || (i >= 53 && i <= 55))
-        return { 0, 5 };
+    if (i <= 55)
+        return { 0, (i == 46 || i == 49 || i == 52) ? 3 : 5 };
+    if (i > 150)
+        return { 32, 126 }; // names: printable characters
     switch (i)
     {
         case 69: case 70: case 71: case 72: case 111: return { 0, 7 };
