@@ -40,7 +40,7 @@ Words randomProgram (std::mt19937& rng)
 }
 } // namespace
 
-TEST (Codec, ZeroArrayPacksToTheHardwareConstants)
+TEST (Codec, ZeroesPackAndUnpackToTheHardwareConstants)
 {
     ASSERT_EQ (pack (filled (0), 200).size(), 145);
     const std::map<int, int> expected = { { 86, 64 }, { 87, 127 }, { 88, 127 }, { 89, 127 }, { 90, 127 },
@@ -48,12 +48,9 @@ TEST (Codec, ZeroArrayPacksToTheHardwareConstants)
     const auto b = pack (filled (0));
     for (int i = 0; i < 143; ++i)
         EXPECT_EQ ((int) b[i], expected.count (i) ? expected.at (i) : 0) << "byte " << i;
-}
 
-// 143 zero bytes give all-ones switches; a short input reads its missing bytes as zero and
-// leaves the elements outside the dump as they were.
-TEST (Codec, ZeroAndMissingBytesUnpackToTheListedValues)
-{
+    // 143 zero bytes give all-ones switches; a short input reads its missing bytes as zero and
+    // leaves the elements outside the dump as they were.
     auto zeroValue = [] (int i) { return (i == 46 || i == 49 || i == 52) ? 3 : (i >= 47 && i <= 55) ? 7 : (i >= 56 && i <= 68) ? 1 : 0; };
     Bytes zeroBytes;
     zeroBytes.insertMultiple (0, 0, 143);
@@ -155,8 +152,7 @@ TEST (Codec, ExportFramesCarryTheHeaderAndExactly143Bytes)
     const auto packed = bytesOf (bank.Pack_Tolk_From_Bank (5));
     const auto rom = bytesOf (bank.Export_Syx_Bank_Rom_MB (5, 5, 0x11, 0));
     const auto buf = bytesOf (bank.Export_Syx_Bank_Buf_MB (5, 99));
-    ASSERT_EQ (rom.size(), 154);
-    ASSERT_EQ (buf.size(), 149);
+    ASSERT_TRUE (rom.size() == 154 && buf.size() == 149);
     EXPECT_EQ (Bytes (rom.begin(), 6), Bytes ({ 0xF0, 0x04, 0x01, 0x11, 0x03, 5 }));
     EXPECT_EQ (Bytes (buf.begin(), 5), Bytes ({ 0xF0, 0x04, 0x01, 0x00, 0x02 }));
     EXPECT_EQ (Bytes (rom.begin() + 6, 143), Bytes (packed.begin(), 143));
@@ -167,7 +163,7 @@ TEST (Codec, ExportFramesCarryTheHeaderAndExactly143Bytes)
 }
 
 // Imports take exactly 149 bytes whatever their header holds, and nothing lands outside the store.
-TEST (BankStore, ImportsRefuseAnyOtherLengthAndStrayProgramNumbers)
+TEST (BankStore, ImportsRefuseOtherLengthsAndStrayNumbersAndZeroWhatTheDumpLacks)
 {
     AutoBank bank (0);
     bank.Initialize_Bank();
@@ -182,7 +178,7 @@ TEST (BankStore, ImportsRefuseAnyOtherLengthAndStrayProgramNumbers)
         bank.PatchImport_Syx (a);
         EXPECT_TRUE (bank.bankData == before && bank.patchData == patchBefore) << size;
     }
-    const auto frame = bytesOf (bank.Export_Syx_Bank_Buf_MB (0, 0));
+    auto frame = bytesOf (bank.Export_Syx_Bank_Buf_MB (0, 0));
     bank.Import_Syx_U8 (128, frame);
     bank.Import_Syx_U8 (-1, frame);
     bank.BankToPatch (500);
@@ -190,14 +186,11 @@ TEST (BankStore, ImportsRefuseAnyOtherLengthAndStrayProgramNumbers)
     EXPECT_EQ (bank.get_ProgramName (128), "");
     bank.Import_Syx_MB (3, juce::MemoryBlock (149, true));
     EXPECT_EQ (bank.getStoredProgram (3)[46], 3);
-}
 
-TEST (BankStore, ImportZeroesElementsOutsideTheDumpButPatchImportKeepsThem)
-{
-    AutoBank bank (0);
+    // An import zeroes the elements outside the dump; the working program keeps them.
     bank.setStoredProgram (9, filled (7));
     bank.patchData = filled (7);
-    const auto frame = bytesOf (bank.Export_Syx_Bank_Buf_MB (9, 0));
+    frame = bytesOf (bank.Export_Syx_Bank_Buf_MB (9, 0));
     bank.Import_Syx_U8 (9, frame);
     bank.PatchImport_Syx (frame);
     const auto stored = bank.getStoredProgram (9);
