@@ -20,6 +20,7 @@ public:
     void setScale (float newScale);
 
     void paint (juce::Graphics& g) override;
+    void resized() override;
     void timerCallback() override;
 
     int cellCount = 0;
