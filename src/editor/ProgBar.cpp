@@ -50,6 +50,7 @@ void ProgBar::setText (const juce::String& newText)
 void ProgBar::paint (juce::Graphics& g)
 {
     g.fillAll (juce::Colour (0x55000000));
+    // The dark box starts 10 pixels left of and above the bar.
     g.setColour (juce::Colour (0xff050606));
     g.fillRoundedRectangle (box.translated (-10, -10).toFloat(), 10.0f);
 }

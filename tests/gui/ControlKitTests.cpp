@@ -151,6 +151,17 @@ TEST (ControlKit, DragStepsByDivisorWithEachAxisTruncatedApart)
         expectRequest (heard, *c, k.expected != k.start ? IvrCont::actionStep : 0, k.expected);
         EXPECT_EQ (c->currentValue, k.start) << "the shown value waits for ValueChanged";
     }
+
+    // A disabled control (the panel's fixed fine tune) takes no press, drag, wheel or release.
+    auto fixed = control (5, 0, 255);
+    fixed->setEnabled (false);
+    Heard heard (*fixed);
+    fixed->mouseDown (mouse (*fixed, 5, 5));
+    fixed->mouseDrag (mouse (*fixed, 40, 5));
+    fixed->mouseWheelMove (mouse (*fixed, 5, 5), { 0.0f, 1.0f, false, false, false });
+    fixed->mouseUp (mouse (*fixed, 5, 5));
+    EXPECT_FALSE (fixed->isTimerRunning());
+    expectRequest (heard, *fixed, 0);
 }
 
 TEST (ControlKit, WheelMovesOneStepPerEvent)

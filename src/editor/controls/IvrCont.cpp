@@ -59,7 +59,7 @@ void IvrCont::InitializeMe (int parameter, juce::String controlName, int control
     frame = 0;
     setScale (scale);
 
-    const auto load = [] (int k) -> juce::String
+    const auto imageForKind = [] (int k) -> juce::String
     {
         switch (k)
         {
@@ -80,7 +80,7 @@ void IvrCont::InitializeMe (int parameter, juce::String controlName, int control
         leftCap = IvrResor::get ("labelBoxL");
         rightCap = IvrResor::get ("labelBoxR");
     }
-    else if (const auto imageName = load (kind); imageName.isNotEmpty())
+    else if (const auto imageName = imageForKind (kind); imageName.isNotEmpty())
     {
         filmstrip = IvrResor::get (imageName);
     }
@@ -145,6 +145,10 @@ void IvrCont::requestValue (int value, int actionCode)
 
 void IvrCont::mouseDown (const juce::MouseEvent& e)
 {
+    // JUCE hands the mouse to disabled components too; a disabled control must not move.
+    if (! isEnabled())
+        return;
+
     pressX = e.x;
     pressY = e.y;
     pressed = false;
@@ -162,7 +166,7 @@ void IvrCont::mouseDown (const juce::MouseEvent& e)
             break;
 
         case 100:
-            // The box's own 18 pixels, whatever the scale: a press below them is on the caption.
+            // The box's own 18 pixels, not scaled: only a press on them may open the menu.
             pressed = e.y <= 17;
             break;
 
@@ -204,7 +208,7 @@ void IvrCont::mouseDrag (const juce::MouseEvent& e)
 
 void IvrCont::mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDetails& wheel)
 {
-    if (wheel.deltaY == 0.0f)
+    if (! isEnabled() || wheel.deltaY == 0.0f)
         return;
 
     const int value = juce::jlimit (minimum, maximum, currentValue + (wheel.deltaY > 0.0f ? 1 : -1));
@@ -214,6 +218,9 @@ void IvrCont::mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDet
 
 void IvrCont::mouseUp (const juce::MouseEvent& e)
 {
+    if (! isEnabled())
+        return;
+
     const bool wasPressed = pressed;
     dragging = false;
     pressed = false;
