@@ -42,6 +42,31 @@ TEST (ControllerState, ListenersAndInternalCodes)
                                                             0x800000u + (16u << 14) + (7u << 7) + 100u, 0x600000u }));
 }
 
+TEST (ControllerState, RegistrationDropsStaleCodesAndRemovalInsideNotificationReturns)
+{
+    MidiCntrState state;
+    for (unsigned v = 0; v < 1000; ++v)
+        state.Internal_UpdInt (0x400000u + v);
+
+    // A listener that leaves from inside its own notification, as an editor closing on an update.
+    struct Leaving : MidiCntrStateListener
+    {
+        void handle_Update (MidiCntrState* s) override
+        {
+            ++calls;
+            s->removeListener (this);
+        }
+        int calls = 0;
+    } leaving;
+
+    state.addListener (&leaving);
+    EXPECT_TRUE (drainCodes (state).empty());
+    state.Internal_UpdInt (0x440000);
+    state.Internal_UpdInt (0x440000);
+    EXPECT_EQ (leaving.calls, 1);
+    EXPECT_EQ (drainCodes (state), (std::vector<unsigned> { 0x440000, 0x440000 }));
+}
+
 TEST (ControllerState, QueueKeepsEachProducersOrderUnderConcurrency)
 {
     const unsigned seed = (unsigned) std::random_device{}();

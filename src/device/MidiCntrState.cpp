@@ -104,10 +104,27 @@ void MidiCntrState::InitializeMe()
 }
 
 //==============================================================================
+namespace
+{
+// The state whose listeners this thread is notifying, and how deeply: a listener may remove itself
+// from inside its own notification, which must not wait for itself to end.
+struct Notifying
+{
+    const MidiCntrState* state = nullptr;
+    int depth = 0;
+};
+thread_local Notifying notifying;
+} // namespace
+
 void MidiCntrState::addListener (MidiCntrStateListener* listener)
 {
     const juce::ScopedLock sl (lock);
     const int count = listenerCount.load();
+
+    // A new listener starts from the present state: what was queued before is stale.
+    uint32_t stale = 0;
+    while (updateQueue.pop (stale))
+        continue;
 
     for (int i = 0; i < count; ++i)
         if (listenerSlots[(size_t) i].load() == listener)
@@ -144,7 +161,8 @@ void MidiCntrState::removeListener (MidiCntrStateListener* listener)
 
     // A notification that started before the removal may still call the listener: let it end
     // before the caller is free to destroy it. Notifications only trigger an async update.
-    while (notificationsInFlight.load() > 0)
+    const int own = notifying.state == this ? notifying.depth : 0;
+    while (notificationsInFlight.load() > own)
         std::this_thread::yield();
 }
 
@@ -153,11 +171,14 @@ void MidiCntrState::Internal_UpdInt (unsigned int code)
     updateQueue.push (code);
 
     notificationsInFlight.fetch_add (1);
+    const auto outer = notifying;
+    notifying = { this, outer.state == this ? outer.depth + 1 : 1 };
 
     for (int i = maxListeners - 1; i >= 0; --i)
         if (auto* listener = listenerSlots[(size_t) i].load())
             listener->handle_Update (this);
 
+    notifying = outer;
     notificationsInFlight.fetch_sub (1);
 }
 

@@ -26,8 +26,8 @@ void MidiCntrState::SetAutoParam()
     for (int code : { 46, 47, 48, 49, 47, 48, 49, 53, 53, 53, 58, 58, 56, 59, 58, 58, 58, 58, 58, 65, 66, 67, 68,
                       222, 222, 222, 222 })
         autoParamB.add ((juce::uint16) code);
-    // Meant for the four centred sound parameters but applied to host indices; hosts have shown
-    // these texts so for years, and they stay.
+    // Applied to host indices, not to the four centred sound parameters: the texts the host
+    // shows depend on it, and they stay.
     for (int index : { 21, 22, 26, 34 })
         autoParamB.set (index, 18);
 

@@ -164,7 +164,7 @@ void DeskerAudioProcessor::changeListenerCallback (juce::ChangeBroadcaster* sour
             continue;
 
         // Truncated on purpose: any move above 0 then differs in setParameter and goes back to
-        // the instrument at full value, as it always has.
+        // the instrument at full value.
         if (p >= firstMidiParameter)
             hostValues[(size_t) p] = (int) item.value;
 

@@ -1,0 +1,76 @@
+#include "editor/MainComp.h"
+#include "plugin/PluginEditor.h"
+#include "plugin/PluginProcessor.h"
+
+#include "../tests/ScratchFolder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace
+{
+// The editor needs JUCE's message thread; the benchmarks run on it.
+struct Gui
+{
+    juce::ScopedJuceInitialiser_GUI juce;
+    ScratchFolder settings;
+    std::unique_ptr<DeskerAudioProcessor> processor;
+
+    Gui() { processor = std::make_unique<DeskerAudioProcessor> (settings.dir); }
+};
+
+Gui& gui()
+{
+    static Gui instance;
+    return instance;
+}
+
+std::unique_ptr<juce::AudioProcessorEditor> openEditor (int width)
+{
+    auto& processor = *gui().processor;
+    processor.editorWidth = width;
+    processor.editorHeight = width * 739 / 1505;
+    return std::unique_ptr<juce::AudioProcessorEditor> (processor.createEditor());
+}
+} // namespace
+
+// createEditor on a living processor up to the first full paint into an image.
+static void BM_EditorOpen (benchmark::State& run)
+{
+    openEditor (1505); // the splash shows once per processor: keep it out of the figure
+    for (auto _ : run)
+    {
+        auto editor = openEditor (1505);
+        juce::Image image (juce::Image::ARGB, editor->getWidth(), editor->getHeight(), true);
+        juce::Graphics g (image);
+        editor->paintEntireComponent (g, true);
+        benchmark::DoNotOptimize (image.getPixelAt (700, 300));
+        run.PauseTiming();
+        editor.reset();
+        run.ResumeTiming();
+    }
+}
+BENCHMARK (BM_EditorOpen)->Unit (benchmark::kMillisecond);
+
+// One full repaint of the whole editor at a given width.
+static void BM_EditorRepaint (benchmark::State& run)
+{
+    auto editor = openEditor ((int) run.range (0));
+    juce::Image image (juce::Image::ARGB, editor->getWidth(), editor->getHeight(), true);
+    for (auto _ : run)
+    {
+        juce::Graphics g (image);
+        editor->paintEntireComponent (g, true);
+        benchmark::DoNotOptimize (image.getPixelAt (10, 10));
+    }
+}
+BENCHMARK (BM_EditorRepaint)->Arg (1505)->Arg (978)->Unit (benchmark::kMillisecond);
+
+// Rewriting every control from the edit buffer.
+static void BM_DisplayProgram (benchmark::State& run)
+{
+    auto editor = openEditor (1505);
+    auto* main = dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp();
+    for (auto _ : run)
+        main->Display_Program();
+}
+BENCHMARK (BM_DisplayProgram)->Unit (benchmark::kMicrosecond);

@@ -1,0 +1,213 @@
+#include "editor/MainComp.h"
+
+#include "device/MidiCntrState.h"
+#include "editor/AboutPanel.h"
+#include "editor/AdvCont.h"
+#include "editor/AppBar.h"
+#include "editor/EditorPanel.h"
+#include "editor/ProgBar.h"
+#include "librarian/BankComp.h"
+#include "sound/AutoBank.h"
+#include "sound/FileMan.h"
+#include "sound/ParDes.h"
+
+MainComp::MainComp (MidiCntrState* controllerState) : state (controllerState)
+{
+    // The host keeps the keyboard: nothing in the editor takes focus by a click.
+    setWantsKeyboardFocus (false);
+    setMouseClickGrabsKeyboardFocus (false);
+    // A tip shows inside the editor, above the panels and boxes.
+    tooltipWindow.setAlwaysOnTop (true);
+}
+
+MainComp::~MainComp()
+{
+    state->removeListener (this);
+    cancelPendingUpdate();
+    stopTimer();
+
+    if (appBar != nullptr)
+        appBar->stopTimer();
+    if (aboutPanel != nullptr)
+        aboutPanel->exitModalState (0);
+    if (progressBar != nullptr)
+        progressBar->exitModalState (0);
+
+    bankPanel.reset();
+    editorPanel.reset();
+    advancedPanel.reset();
+    appBar.reset();
+    aboutPanel.reset();
+    fileManager.reset();
+    progressBar.reset();
+    copyBuffer.reset();
+    parDes.reset();
+}
+
+void MainComp::Constuct()
+{
+    state->transferBusy = false;
+    state->transferTimerOn = false;
+
+    buildAppBar();
+
+    parDes = std::make_unique<ParDes>();
+
+    bankPanel = std::make_unique<BankComp>();
+    bankPanel->setSize (500, 444);
+    addChildComponent (*bankPanel);
+    bankPanel->addChangeListener (this);
+
+    fileManager = std::make_unique<FileMan>();
+    addChildComponent (*fileManager);
+    fileManager->setBounds (-100, -100, 1, 1);
+
+    editorPanel = std::make_unique<EditorPanel>();
+    editorPanel->SetInitial();
+    addAndMakeVisible (*editorPanel);
+    editorPanel->setBounds (0, 23, 1505, 444);
+    editorPanel->addChangeListener (this);
+
+    advancedPanel = std::make_unique<AdvCont>();
+    advancedPanel->LoadMinMax();
+    advancedPanel->SetInitial();
+    advancedPanel->setSize (1000, 444);
+    addChildComponent (*advancedPanel);
+    advancedPanel->setBounds (0, 0, 988, 443);
+    advancedPanel->closeButton.addChangeListener (this);
+
+    listenToControls();
+
+    Display_Program();
+    setSize (designWidth, designHeight);
+
+    if (! state->splashShown)
+    {
+        Show_Window (102, true, 1500);
+        state->splashShown = true;
+    }
+}
+
+void MainComp::buildAppBar()
+{
+    appBar = std::make_unique<AppBar>();
+    appBar->createControls (this);
+    appBar->setSize (1024, 23);
+    addAndMakeVisible (*appBar);
+    appBar->setBounds (0, 0, designWidth, 23);
+    appBar->addChangeListener (this);
+    appBar->channelLabel.text = "Chan: " + juce::String (state->midiChannel.load());
+}
+
+void MainComp::listenToControls()
+{
+    for (int i = 17; i < EditorPanel::numControls; ++i)
+        editorPanel->control (i)->addChangeListener (this);
+
+    for (int i = 0; i < AdvCont::numControls; ++i)
+        if (i <= 15 || i >= 67)
+            advancedPanel->control (i)->addChangeListener (this);
+
+    editorPanel->lcd.addChangeListener (this);
+}
+
+//==============================================================================
+void MainComp::resized()
+{
+    if (! state->editorOpen)
+        return;
+
+    ResizePanels();
+    state->setIniSlot (6, juce::String (getWidth()));
+    state->setIniSlot (7, juce::String (getHeight()));
+}
+
+void MainComp::ResizePanels()
+{
+    const int width = getWidth();
+    scale = (float) (width / (double) designWidth);
+
+    appBar->setBounds (0, 0, width, 23);
+
+    bool panelScales = true;
+    const auto placeScaled = [this] (int x)
+    {
+        editorPanel->setBounds (x, 23, (int) (designWidth * scale), (int) (EditorPanel::designHeight * scale));
+    };
+
+    if (bankPanelShown)
+    {
+        bankPanel->setBounds (0, 23, 500, 444);
+        scale = (float) ((width - 500) / (double) designWidth);
+        placeScaled (500);
+    }
+    else
+    {
+        bankPanel->setBounds (-500, 23, 500, 444);
+
+        if (advancedShown)
+        {
+            editorPanel->setVisible (false);
+            advancedPanel->setAlwaysOnTop (false);
+            advancedPanel->setAlwaysOnTop (true);
+            const int x = (width - 1000) / 2;
+            advancedPanel->setBounds (x < 1 ? 0 : x, 23, 1000, 444);
+            advancedPanel->setVisible (true);
+            panelScales = false;
+        }
+        else
+        {
+            placeScaled (0);
+        }
+    }
+
+    if (panelScales)
+        editorPanel->ScaleMe (scale);
+
+    for (auto* box : { (juce::Component*) aboutPanel.get(), (juce::Component*) progressBar.get() })
+        if (box != nullptr)
+            box->setSize (getWidth(), getHeight());
+}
+
+//==============================================================================
+void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
+{
+    for (int i = 17; i < EditorPanel::numControls; ++i)
+        if (source == editorPanel->control (i))
+            return IvrContAct (editorPanel->control (i));
+
+    for (int i = 0; i < AdvCont::numControls; ++i)
+        if ((i <= 15 || i >= 67) && source == advancedPanel->control (i))
+            return IvrContAdv (advancedPanel->control (i));
+
+    for (auto* button : appBar->buttons)
+    {
+        if (source != button)
+            continue;
+
+        if (button == appBar->lockButton)
+            appBar->locked = button->toggleState;
+        else
+            IvrButAct (button->id);
+        return;
+    }
+
+    if (source == &advancedPanel->closeButton)
+        return Show_Window (106, ! advancedShown, 0);
+
+    if (source == appBar.get())
+    {
+        if (appBar->action == AppBar::actionTick)
+            AppTimerCallback();
+        return;
+    }
+
+    if (source == &editorPanel->lcd)
+        return IvrLabAct (editorPanel->lcd.clickCode);
+
+    if (aboutPanel != nullptr && source == aboutPanel.get())
+        return Show_Window (102, false, 0);
+
+    if (progressBar != nullptr && source == &progressBar->cancelButton)
+        return hideProgressBar();
+}

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include "device/MidiCntrStateListener.h"
+
+#include <functional>
+#include <memory>
+
+class AboutPanel;
+class AdvCont;
+class AppBar;
+class AutoBank;
+class BankComp;
+class EditorPanel;
+class FileMan;
+class IvrCont;
+class MidiCntrState;
+class ParDes;
+class ProgBar;
+
+// The root of the editor: owns the tool-bar, the panels and the boxes, and is the one place where
+// every control reports what the user did. It holds no sound of its own; the values live in the
+// processor's MidiCntrState, so the editor may close and reopen at any time.
+class MainComp : public juce::Component,
+                 public juce::ChangeListener,
+                 public juce::ChangeBroadcaster,
+                 public juce::Timer,
+                 public MidiCntrStateListener,
+                 public juce::AsyncUpdater
+{
+public:
+    explicit MainComp (MidiCntrState* controllerState);
+    ~MainComp() override;
+
+    // Builds the whole tree (MainComp.cpp).
+    void Constuct();
+
+    //==============================================================================
+    // Size and panels (MainComp.cpp, MainCompShow.cpp)
+    void resized() override;
+    void ResizePanels();
+    void Show_Window (int code, bool show, int extra);
+    void show_MIDI (bool show);
+
+    // Design size of the whole editor: tool-bar 23, panel 444, keyboard 272.
+    static constexpr int designWidth = 1505;
+    static constexpr int designHeight = 739;
+
+    //==============================================================================
+    // What the user did (MainComp.cpp: dispatch; MainCompCntr.cpp: controls; MainCompCom.cpp: buttons)
+    void changeListenerCallback (juce::ChangeBroadcaster* source) override;
+    void IvrContAct (IvrCont* control);
+    void IvrContAdv (IvrCont* control);
+    void IvrLabAct (int code);
+    void IvrButAct (int id);
+    void AppTimerCallback();
+
+    //==============================================================================
+    // Menus (MainCompPop.cpp). A menu shows without a modal loop; `onChosen` gets the chosen id,
+    // and nothing happens when the menu is dismissed.
+    std::unique_ptr<juce::LookAndFeel_V2> setLAF();
+    void showMenu (juce::PopupMenu menu, juce::Component* target, std::function<void (int)> onChosen);
+    // The popup of every value of a parameter, "*/*" values left out; `onChosen` gets the value.
+    void ParameterMenus (int description, int minimum, int maximum, std::function<void (int)> onChosen);
+
+    //==============================================================================
+    // Values coming back (MainC_Real.cpp). Nothing here sends a change message.
+    void UpdateContAct (IvrCont* control, int value);
+    void Display_Program();
+    void Update_From_State (unsigned int code);
+    void Update_From_Host (unsigned int code);
+    void handle_Update (MidiCntrState* state) override;
+    void handleAsyncUpdate() override;
+    void timerCallback() override;
+
+    //==============================================================================
+    // Programs to the instrument (MainCompFun.cpp, MainCompExcl.cpp)
+    void SEND_PROGRAM (bool toBank, int bank, int program, juce::Array<unsigned short> parameters, bool display);
+    void TransmitBuffer();
+    void PasteBuffer();
+    void hideProgressBar();
+
+    //==============================================================================
+    // Fields, by role.
+    MidiCntrState* state = nullptr;
+    juce::TooltipWindow tooltipWindow { this };
+    std::unique_ptr<ParDes> parDes;
+    std::unique_ptr<BankComp> bankPanel;
+    bool bankPanelShown = false;
+    std::unique_ptr<EditorPanel> editorPanel;
+    std::unique_ptr<AdvCont> advancedPanel;
+    bool advancedShown = false;
+    bool midiPanelShown = false;
+    std::unique_ptr<AppBar> appBar;
+    std::unique_ptr<AboutPanel> aboutPanel;
+    std::unique_ptr<FileMan> fileManager;
+    std::unique_ptr<ProgBar> progressBar;
+    int returnBank = 0;
+    std::unique_ptr<AutoBank> copyBuffer;
+    bool copyBufferFull = false;
+    bool useLoadedData = false;
+    float scale = 1.0f;
+    juce::Array<int> sendParams, sendValues;
+    bool aboutShown = false;
+
+private:
+    void buildAppBar();
+    void listenToControls();
+    void fileMenu();
+    void editMenu();
+    void sendMenu();
+    void startAutomationSender();
+    void programMenu();
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComp)
+};

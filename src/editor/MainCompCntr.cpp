@@ -1,0 +1,86 @@
+// Edits leaving the panels: the only road from a control to the host and the instrument.
+
+#include "editor/MainComp.h"
+
+#include "device/MidiCntrState.h"
+#include "editor/controls/IvrCont.h"
+#include "sound/AutoBank.h"
+
+void MainComp::IvrContAct (IvrCont* control)
+{
+    const auto send = [this] (IvrCont* c, int value)
+    {
+        UpdateContAct (c, value);
+        state->PARAMETER_CHANGE (c->id, c->currentValue);
+    };
+
+    switch (control->action)
+    {
+        case IvrCont::actionStep:
+        case IvrCont::actionToggle:
+        case IvrCont::actionWheel:
+            send (control, control->requestedValue);
+            break;
+
+        case IvrCont::actionMenu:
+            ParameterMenus (control->description, control->minimum, control->maximum,
+                            [send, safe = juce::Component::SafePointer<IvrCont> (control)] (int value)
+                            {
+                                if (safe != nullptr && value >= 0)
+                                {
+                                    safe->requestedValue = value;
+                                    send (safe, value);
+                                }
+                            });
+            break;
+
+        default:
+            break;
+    }
+}
+
+void MainComp::IvrContAdv (IvrCont* control)
+{
+    // The advanced page sends the whole program; the wheel has no effect here.
+    const auto store = [this] (IvrCont* c, int value)
+    {
+        UpdateContAct (c, value);
+
+        if (c->id >= 0 && c->id < 201)
+        {
+            auto word = (unsigned short) c->currentValue;
+            if (c->id >= 17 && c->id <= 45)
+                word = (unsigned short) (word << 8);
+
+            auto& words = state->editBuffer->patchData;
+            if (words.size() <= c->id)
+                words.resize (c->id + 1);
+            words.set (c->id, word);
+        }
+
+        TransmitBuffer();
+    };
+
+    if (control->action == IvrCont::actionStep)
+    {
+        store (control, control->requestedValue);
+    }
+    else if (control->action == IvrCont::actionMenu)
+    {
+        ParameterMenus (control->description, control->minimum, control->maximum,
+                        [store, safe = juce::Component::SafePointer<IvrCont> (control)] (int value)
+                        {
+                            if (safe != nullptr && value >= 0)
+                            {
+                                safe->requestedValue = value;
+                                store (safe, value);
+                            }
+                        });
+    }
+}
+
+void MainComp::IvrLabAct (int code)
+{
+    if (code == 1)
+        programMenu();
+}

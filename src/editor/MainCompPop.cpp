@@ -1,0 +1,124 @@
+// The tool-bar's menus and the menus of values. Menus show without a modal loop: the chosen id
+// arrives in a callback, and a dismissed menu does nothing.
+
+#include "editor/MainComp.h"
+
+#include "device/MidiCntrState.h"
+#include "editor/AppBar.h"
+#include "editor/EditorPanel.h"
+#include "editor/controls/DeskerLookAndFeel.h"
+#include "sound/AutoBank.h"
+#include "sound/ParDes.h"
+
+std::unique_ptr<juce::LookAndFeel_V2> MainComp::setLAF()
+{
+    return std::make_unique<DeskerLookAndFeel>();
+}
+
+void MainComp::showMenu (juce::PopupMenu menu, juce::Component* target, std::function<void (int)> onChosen)
+{
+    // The look lives as long as the menu: the callback owns it.
+    std::shared_ptr<juce::LookAndFeel_V2> look = setLAF();
+    menu.setLookAndFeel (look.get());
+
+    auto options = juce::PopupMenu::Options().withParentComponent (this);
+    if (target != nullptr)
+        options = options.withTargetComponent (target);
+
+    menu.showMenuAsync (options, [look, onChosen, safe = juce::Component::SafePointer<MainComp> (this)] (int result)
+    {
+        if (result != 0 && safe != nullptr)
+            onChosen (result);
+    });
+}
+
+void MainComp::ParameterMenus (int description, int minimum, int maximum, std::function<void (int)> onChosen)
+{
+    juce::PopupMenu menu;
+    for (int value = minimum; value <= maximum; ++value)
+    {
+        const auto text = ParDes::SndParDes (description, value);
+        if (text != "*/*")
+            menu.addItem (value + 1, text);
+    }
+
+    showMenu (std::move (menu), nullptr, [onChosen] (int id) { onChosen (id - 1); });
+}
+
+namespace
+{
+juce::Component* buttonWithId (AppBar& bar, int id)
+{
+    for (auto* button : bar.buttons)
+        if (button->id == id && button != bar.lockButton)
+            return button;
+    return nullptr;
+}
+} // namespace
+
+void MainComp::editMenu()
+{
+    auto* words = &state->editBuffer->patchData;
+    juce::PopupMenu menu;
+    menu.addItem (1, "Copy Program: " + state->editBuffer->PatchGetName());
+    menu.addItem (2, copyBufferFull ? "Paste: " + copyBuffer->get_ProgramName (0) : juce::String ("Paste "));
+
+    showMenu (std::move (menu), buttonWithId (*appBar, 73), [this, words] (int id)
+    {
+        if (id == 1)
+        {
+            if (copyBuffer == nullptr)
+                copyBuffer = std::make_unique<AutoBank> (0);
+            copyBuffer->setStoredProgram (0, *words);
+            copyBufferFull = true;
+            TransmitBuffer();
+        }
+        else if (id == 2)
+        {
+            PasteBuffer();
+        }
+    });
+}
+
+void MainComp::sendMenu()
+{
+    juce::PopupMenu menu;
+    menu.addItem (1, "Current Preset: " + state->editBuffer->PatchGetName());
+    menu.addItem (2, "FX Bank Preset: " + state->editBuffer->get_ProgramName (state->hostProgram));
+    menu.addSeparator();
+    menu.addSeparator();
+    menu.addItem (3, "Send Automation parameters");
+
+    showMenu (std::move (menu), buttonWithId (*appBar, 701), [this] (int id)
+    {
+        if (id == 1)
+            TransmitBuffer();
+        else if (id == 2)
+            state->SEND_HOST_DISPLAY();
+        else if (id == 3)
+            startAutomationSender();
+    });
+}
+
+void MainComp::programMenu()
+{
+    const int currentBank = state->bankNumber;
+    juce::PopupMenu menu;
+
+    for (int bank = 0; bank < (int) state->banks.size() - 1; ++bank)
+        menu.addItem (100000 + bank, AutoBank::GetBankName (bank), true, bank == currentBank);
+    menu.addSeparator();
+
+    if (auto* store = juce::isPositiveAndBelow (currentBank, (int) state->banks.size()) ? state->banks[(size_t) currentBank] : nullptr)
+        for (int program = 0; program < AutoBank::numPrograms; ++program)
+            menu.addItem (1000 + program, store->get_ProgramName (program));
+
+    showMenu (std::move (menu), &editorPanel->lcd, [this] (int id)
+    {
+        if (id < 100000)
+            state->programNumber = id - 1000;
+        else
+            state->bankNumber = id - 100000;
+        state->PROGRAM_MESSAGE (state->bankNumber, state->programNumber, true, true);
+    });
+}

@@ -1,0 +1,157 @@
+#pragma once
+
+#include "LinkedProcessor.h"
+#include "editor/AdvCont.h"
+#include "editor/AppBar.h"
+#include "editor/EditorPanel.h"
+#include "editor/MainComp.h"
+#include "plugin/PluginEditor.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace juce
+{
+// JUCE's own step of its message loop: plug-ins have no modal loops, so tests pump with this.
+bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
+} // namespace juce
+
+// Records what the host is told about parameters.
+struct HostSide : juce::AudioProcessorListener
+{
+    void audioProcessorParameterChanged (juce::AudioProcessor*, int index, float value) override { changes.push_back ({ index, value }); }
+    void audioProcessorChanged (juce::AudioProcessor*, const ChangeDetails&) override {}
+    void audioProcessorParameterChangeGestureBegin (juce::AudioProcessor*, int index) override { log.push_back ("begin " + std::to_string (index)); }
+    void audioProcessorParameterChangeGestureEnd (juce::AudioProcessor*, int index) override { log.push_back ("end " + std::to_string (index)); }
+
+    std::vector<std::pair<int, float>> changes;
+    std::vector<std::string> log;
+};
+
+// Pumps the message loop for a bounded time: change messages, async updates and timers run.
+inline void pump (int ms = 30)
+{
+    const double end = juce::Time::getMillisecondCounterHiRes() + ms;
+    while (juce::Time::getMillisecondCounterHiRes() < end)
+        if (! juce::dispatchNextMessageOnSystemQueue (true))
+            std::this_thread::yield();
+}
+
+// A processor on in-process MIDI with the virtual Corvane, and its real editor in a window of its
+// own, driven by mouse events through the window's peer as a user would.
+class EditorHarness : public LinkedProcessor
+{
+public:
+    EditorHarness() { processor.addListener (&host); }
+
+    ~EditorHarness()
+    {
+        closeEditor();
+        processor.removeListener (&host);
+    }
+
+    void openEditor (int width = 1505, int height = 739)
+    {
+        processor.editorWidth = width;
+        processor.editorHeight = height;
+        editor.reset (dynamic_cast<DeskerAudioProcessorEditor*> (processor.createEditor()));
+        editor->addToDesktop (0);
+        editor->setVisible (true);
+        // The host's window has the system's focus, as a DAW's has; menus close when it has none.
+        editor->getPeer()->grabFocus();
+        pump();
+    }
+
+    void closeEditor() { editor.reset(); }
+
+    // Closes the splash (a click anywhere on it), so that the panel takes the mouse.
+    void dismissSplash()
+    {
+        if (main().aboutPanel != nullptr)
+            click (juce::Point<float> (5.0f, 200.0f));
+        pump();
+    }
+
+    MainComp& main() { return *editor->getMainComp(); }
+    EditorPanel& panel() { return *main().editorPanel; }
+    AdvCont& advanced() { return *main().advancedPanel; }
+    IvrCont& knob (int parameter) { return *panel().control (parameter); }
+
+    // Point `local` of `component`, in the editor's coordinates.
+    juce::Point<float> at (juce::Component& component, juce::Point<int> local)
+    {
+        return editor->getLocalPoint (&component, local).toFloat();
+    }
+    juce::Point<float> centreOf (juce::Component& component) { return at (component, component.getLocalBounds().getCentre()); }
+
+    void mouse (juce::Point<float> position, juce::ModifierKeys mods)
+    {
+        // As the platform's event handler does before it passes an event on.
+        juce::ModifierKeys::currentModifiers = mods;
+        editor->getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, position, mods,
+                                             juce::MouseInputSource::defaultPressure, 0.0f, ++clock);
+    }
+
+    void press (juce::Point<float> p) { mouse (p, juce::ModifierKeys::leftButtonModifier); }
+    void release (juce::Point<float> p) { mouse (p, {}); }
+    void click (juce::Point<float> p)
+    {
+        mouse (p, {});
+        press (p);
+        release (p);
+        pump();
+    }
+
+    // Press at `from`, move in steps to `to` pumping the loop after each, release.
+    void drag (juce::Point<float> from, juce::Point<float> to, int steps = 8)
+    {
+        mouse (from, {});
+        press (from);
+        for (int i = 1; i <= steps; ++i)
+        {
+            mouse (from + (to - from) * ((float) i / (float) steps), juce::ModifierKeys::leftButtonModifier);
+            pump (5);
+        }
+        release (to);
+        pump();
+    }
+
+    void wheel (juce::Point<float> p, float deltaY)
+    {
+        juce::MouseWheelDetails details {};
+        details.deltaY = deltaY;
+        mouse (p, {});
+        editor->getPeer()->handleMouseWheel (juce::MouseInputSource::InputSourceType::mouse, p, ++clock, details);
+        pump();
+    }
+
+    // The popup menu open over the editor, if any.
+    juce::Component* openMenu()
+    {
+        for (int i = juce::Desktop::getInstance().getNumComponents(); --i >= 0;)
+            if (auto* c = juce::Desktop::getInstance().getComponent (i); c != nullptr && c->getName() == "menu")
+                return c;
+        return findMenuIn (editor.get());
+    }
+
+    static void pump (int ms = 30) { ::pump (ms); }
+
+    HostSide host;
+    std::unique_ptr<DeskerAudioProcessorEditor> editor;
+
+private:
+    static juce::Component* findMenuIn (juce::Component* parent)
+    {
+        for (auto* child : parent->getChildren())
+        {
+            if (child->getName() == "menu")
+                return child;
+            if (auto* found = findMenuIn (child))
+                return found;
+        }
+        return nullptr;
+    }
+
+    juce::int64 clock = juce::Time::currentTimeMillis();
+};

@@ -1,0 +1,61 @@
+// Renders the editor into PNG files, as a musician sees it at the given widths:
+//   render-editor DIR [WIDTH...]   (default widths 1505 and 978)
+// writes DIR/editor-WIDTH.png. Runs with a settings folder of its own, so that no user file is read
+// or written, and with no MIDI port open.
+
+#include "device/InProcessMidiBackend.h"
+#include "editor/MainComp.h"
+#include "plugin/PluginEditor.h"
+#include "plugin/PluginProcessor.h"
+
+#include <iostream>
+
+int main (int argc, char** argv)
+{
+    if (argc < 2)
+    {
+        std::cerr << "usage: render-editor DIR [WIDTH...]" << std::endl;
+        return 2;
+    }
+
+    juce::ScopedJuceInitialiser_GUI juce;
+    const juce::File dir = juce::File::getCurrentWorkingDirectory().getChildFile (argv[1]);
+    if (! dir.createDirectory())
+    {
+        std::cerr << "render-editor: cannot create " << dir.getFullPathName() << std::endl;
+        return 2;
+    }
+
+    juce::Array<int> widths;
+    for (int i = 2; i < argc; ++i)
+        widths.add (juce::jlimit (301, 1505, juce::String (argv[i]).getIntValue()));
+    if (widths.isEmpty())
+        widths = { 1505, 978 };
+
+    const auto settings = juce::File::createTempFile ("desker-render");
+    settings.createDirectory();
+    int status = 0;
+    {
+        InProcessMidiBackend noPorts;
+        DeskerAudioProcessor processor { settings, &noPorts };
+        processor.midiCntrState.splashShown = true;
+
+        for (int width : widths)
+        {
+            processor.editorWidth = width;
+            processor.editorHeight = (int) (width * 739.0 / 1505.0);
+            std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
+            const auto image = editor->createComponentSnapshot (editor->getLocalBounds());
+            const auto file = dir.getChildFile ("editor-" + juce::String (width) + ".png");
+            file.deleteFile();
+            juce::FileOutputStream out (file);
+            if (! out.openedOk() || ! juce::PNGImageFormat().writeImageToStream (image, out))
+            {
+                std::cerr << "render-editor: cannot write " << file.getFullPathName() << std::endl;
+                status = 2;
+            }
+        }
+    }
+    settings.deleteRecursively();
+    return status;
+}
