@@ -39,7 +39,7 @@ test: build
 
 bench: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS) --target desker_bench
-	$(BUILD_DIR)/bench/desker_bench
+	$(if $(DISPLAY),,xvfb-run -a) $(BUILD_DIR)/bench/desker_bench
 
 install: build
 	mkdir -p $(HOME)/.vst3

@@ -222,3 +222,76 @@ TEST (EditorLife, ClicksLeaveTheHostsKeyboardAlone)
     h.click (h.centreOf (*h.main().appBar));
     EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr);
 }
+
+TEST_F (EditorFlow, ToolBarLockKeepsButtonsAndUnlockedBarHidesThemOnlyThroughItsLowerEdge)
+{
+    auto& bar = *main().appBar;
+    auto* bank = bar.buttons[1];
+    ASSERT_EQ (bank->label, "BANK");
+    EXPECT_TRUE (bar.locked);
+
+    const auto leaveThroughBottom = [&]
+    {
+        mouse (at (bar, { 900, 10 }), {});
+        mouse (at (bar, { 900, 30 }), {});
+        pump();
+    };
+    leaveThroughBottom();
+    EXPECT_TRUE (bank->isVisible()); // locked: stays
+
+    click (centreOf (*bar.lockButton));
+    EXPECT_FALSE (bar.locked);
+    mouse (at (bar, { 900, 10 }), {});
+    mouse ({ 900.0f, -20.0f }, {}); // out through the top
+    pump();
+    EXPECT_TRUE (bank->isVisible());
+    leaveThroughBottom();
+    EXPECT_FALSE (bank->isVisible());
+    mouse (at (bar, { 900, 10 }), {}); // back in: all return
+    pump();
+    EXPECT_TRUE (bank->isVisible());
+}
+
+TEST_F (EditorFlow, CopyPasteAndAutomationSenderThroughTheirMenus)
+{
+    const auto choose = [this] (juce::Component& button, int item)
+    {
+        click (centreOf (button));
+        pump (300);
+        auto* menu = openMenu();
+        ASSERT_NE (menu, nullptr);
+        auto* entry = menu->getChildComponent (item);
+        ASSERT_NE (entry, nullptr);
+        const auto p = editor->getLocalPoint (entry, entry->getLocalBounds().getCentre()).toFloat();
+        mouse (p, {});
+        pump (100);
+        press (p);
+        pump (100);
+        release (p);
+        pump (100);
+    };
+    auto& bar = *main().appBar;
+    auto* edit = bar.buttons[3];
+    auto* send = bar.buttons[6];
+    ASSERT_EQ (edit->label + send->label, "EDITSEND");
+
+    choose (*edit, 0); // copy: the sound also goes out whole
+    EXPECT_TRUE (main().copyBufferFull);
+    EXPECT_EQ (sentBytes().size(), 1u);
+    const auto copied = state().editBuffer->patchData;
+    state().editBuffer->patchData.set (cutoff, 3 << 8);
+    choose (*edit, 1); // paste brings it back and sends it
+    EXPECT_EQ (state().editBuffer->patchData, copied);
+    EXPECT_EQ (knob (cutoff).currentValue, copied[cutoff] >> 8);
+    EXPECT_EQ (sentBytes().size(), 1u);
+
+    choose (*send, 3); // after the separator: "Send Automation parameters"
+    pump (1000);       // a parameter every three ticks of 50 ms
+    EXPECT_NE (main().progressBar, nullptr);
+    EXPECT_EQ (state().transferStep, 199);
+    const auto first = hostValuesOf (0); // "LFO Rate", parameter 17, the first of the list
+    ASSERT_EQ (first.size(), 1u);
+    EXPECT_EQ (first[0], knob (17).currentValue);
+    EXPECT_GE (host.changes.size(), 5u);
+    EXPECT_LE (host.changes.size(), 8u);
+}
