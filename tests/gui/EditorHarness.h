@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HostSide.h"
 #include "LinkedProcessor.h"
 #include "editor/AdvCont.h"
 #include "editor/AppBar.h"
@@ -16,18 +17,6 @@ namespace juce
 // JUCE's own step of its message loop: plug-ins have no modal loops, so tests pump with this.
 bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
 } // namespace juce
-
-// Records what the host is told about parameters.
-struct HostSide : juce::AudioProcessorListener
-{
-    void audioProcessorParameterChanged (juce::AudioProcessor*, int index, float value) override { changes.push_back ({ index, value }); }
-    void audioProcessorChanged (juce::AudioProcessor*, const ChangeDetails&) override {}
-    void audioProcessorParameterChangeGestureBegin (juce::AudioProcessor*, int index) override { log.push_back ("begin " + std::to_string (index)); }
-    void audioProcessorParameterChangeGestureEnd (juce::AudioProcessor*, int index) override { log.push_back ("end " + std::to_string (index)); }
-
-    std::vector<std::pair<int, float>> changes;
-    std::vector<std::string> log;
-};
 
 // Pumps the message loop for a bounded time: change messages, async updates and timers run.
 inline void pump (int ms = 30)
