@@ -27,6 +27,16 @@ inline void pump (int ms = 30)
             std::this_thread::yield();
 }
 
+// Pumps until `done` holds or `ms` have passed; true when it holds.
+template <typename Condition>
+bool pumpUntil (Condition done, int ms = 5000)
+{
+    const double end = juce::Time::getMillisecondCounterHiRes() + ms;
+    while (! done() && juce::Time::getMillisecondCounterHiRes() < end)
+        pump (5);
+    return done();
+}
+
 // A processor on in-process MIDI with the virtual Corvane, and its real editor in a window of its
 // own, driven by mouse events through the window's peer as a user would.
 class EditorHarness : public LinkedProcessor
