@@ -21,10 +21,19 @@ bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
 // Pumps the message loop for a bounded time: change messages, async updates and timers run.
 inline void pump (int ms = 30)
 {
+    // Runs at least `ms`, and past it until what was posted by then has been delivered, so that a
+    // busy machine that keeps this thread waiting does not skip the messages.
     const double end = juce::Time::getMillisecondCounterHiRes() + ms;
-    while (juce::Time::getMillisecondCounterHiRes() < end)
-        if (! juce::dispatchNextMessageOnSystemQueue (true))
+    const double limit = end + 2000;
+    for (;;)
+    {
+        const bool delivered = juce::dispatchNextMessageOnSystemQueue (true);
+        const double now = juce::Time::getMillisecondCounterHiRes();
+        if ((now >= end && ! delivered) || now >= limit)
+            break;
+        if (! delivered)
             std::this_thread::yield();
+    }
 }
 
 // Pumps until `done` holds or `ms` have passed; true when it holds.
