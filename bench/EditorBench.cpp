@@ -1,3 +1,4 @@
+#include "device/InProcessMidiBackend.h"
 #include "editor/MainComp.h"
 #include "plugin/PluginEditor.h"
 #include "plugin/PluginProcessor.h"
@@ -13,9 +14,10 @@ struct Gui
 {
     juce::ScopedJuceInitialiser_GUI juce;
     ScratchFolder settings;
+    InProcessMidiBackend noPorts;
     std::unique_ptr<DeskerAudioProcessor> processor;
 
-    Gui() { processor = std::make_unique<DeskerAudioProcessor> (settings.dir); }
+    Gui() { processor = std::make_unique<DeskerAudioProcessor> (settings.dir, &noPorts); }
 };
 
 Gui& gui()

@@ -143,6 +143,19 @@ void AdvCont::SetInitial()
 
 void AdvCont::paint (juce::Graphics& g)
 {
+    const float density = g.getInternalContext().getPhysicalPixelScaleFactor();
+    if (density != faceDensity || ! face.isValid())
+        renderFace (density);
+
+    g.drawImage (face, { 0.0f, 0.0f, 1000.0f, 444.0f });
+}
+
+void AdvCont::renderFace (float density)
+{
+    faceDensity = density;
+    face = juce::Image (juce::Image::RGB, juce::roundToInt (1000 * density), juce::roundToInt (444 * density), true);
+    juce::Graphics g (face);
+    g.addTransform (juce::AffineTransform::scale (density));
     g.fillAll (juce::Colour (0xff1c1d20));
     if (background.isValid())
         g.drawImage (background, { 0.0f, 0.0f, 1000.0f, 444.0f });

@@ -29,5 +29,10 @@ public:
     juce::Image background;
 
 private:
+    // Background, rules and captions, drawn once per screen density: a paint is then one copy.
+    juce::Image face;
+    float faceDensity = 0.0f;
+    void renderFace (float density);
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AdvCont)
 };

@@ -17,7 +17,26 @@ EditorPanel::~EditorPanel() = default;
 
 void EditorPanel::paint (juce::Graphics& g)
 {
-    const float s = scale;
+    const float density = g.getInternalContext().getPhysicalPixelScaleFactor();
+    if (density != faceDensity || face.getWidth() != juce::roundToInt (getWidth() * density)
+        || face.getHeight() != juce::roundToInt (getHeight() * density))
+        renderFace (density);
+
+    if (face.isValid())
+        g.drawImage (face, getLocalBounds().toFloat());
+}
+
+void EditorPanel::renderFace (float density)
+{
+    face = {};
+    faceDensity = density;
+    const int w = juce::roundToInt (getWidth() * density), h = juce::roundToInt (getHeight() * density);
+    if (w <= 0 || h <= 0)
+        return;
+
+    face = juce::Image (juce::Image::RGB, w, h, true);
+    juce::Graphics g (face);
+    const float s = scale * density;
     g.fillAll (juce::Colour (0xff1c1d20));
 
     // The picture is stored at twice the design size, so that it stays sharp on 2x screens.
@@ -32,6 +51,8 @@ void EditorPanel::paint (juce::Graphics& g)
 
 void EditorPanel::ScaleMe (float s)
 {
+    if (s != scale)
+        face = {};
     scale = s;
 
     for (int i = 17; i < numControls; ++i)

@@ -39,5 +39,11 @@ public:
     juce::Image skin, woodLeft, woodRight;
 
 private:
+    // The static art at the present scale, made once per size and screen density: a paint is then
+    // one copy, pixel for pixel on the screen.
+    juce::Image face;
+    float faceDensity = 0.0f;
+    void renderFace (float density);
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (EditorPanel)
 };
