@@ -7,6 +7,7 @@
 #include "editor/AdvCont.h"
 #include "editor/AppBar.h"
 #include "editor/EditorPanel.h"
+#include "editor/KeyBrd.h"
 #include "editor/ProgBar.h"
 #include "sound/AutoBank.h"
 #include "sound/ParDes.h"
@@ -42,6 +43,9 @@ void MainComp::Display_Program()
         refresh (advancedPanel->control (i), word (i));
     for (int i = 69; i <= 113; ++i)
         refresh (advancedPanel->control (i), word (i));
+
+    refresh (keyboard->control (68), word (68) & 255);
+    refresh (keyboard->control (67), word (67) & 255);
 }
 
 //==============================================================================
@@ -74,10 +78,23 @@ void MainComp::Update_From_State (unsigned int code)
 
     switch (kind)
     {
+        case 8: // a note off from the instrument
+            keyboard->pianoPad.NoteOFF_Rec ((int) (code & 127) - state->keyBase);
+            break;
+
+        case 9: // a note on from the instrument
+            keyboard->pianoPad.NoteON_Rec (((int) (code >> 7) & 127) - state->keyBase, (int) code & 127);
+            break;
+
         case 11: // a controller from the instrument
         {
             const int controller = (int) (code >> 7) & 127;
             const int value = (int) code & 127;
+            if (controller <= 1)
+            {
+                keyboard->modWheel.setPosition (value);
+                break;
+            }
             for (int i = 0; i < 4 && controller > 1 && controller != 32; ++i)
             {
                 if (controller == state->tsCtrl[(size_t) i])
@@ -90,6 +107,10 @@ void MainComp::Update_From_State (unsigned int code)
             break;
         }
 
+        case 14: // the pitch wheel, its upper seven bits
+            keyboard->pitchWheel.setPosition ((int) (code >> 7) & 127);
+            break;
+
         case 16: // a sound parameter
         {
             const int parameter = (int) (code >> 8) & 255;
@@ -97,6 +118,10 @@ void MainComp::Update_From_State (unsigned int code)
             if (parameter >= 17 && parameter <= 66)
             {
                 UpdateContAct (editorPanel->control (parameter), value);
+            }
+            else if (parameter == 67 || parameter == 68)
+            {
+                UpdateContAct (keyboard->control (parameter), value);
             }
             else if (parameter >= 69 && parameter <= 72)
             {
@@ -134,13 +159,23 @@ void MainComp::Update_From_State (unsigned int code)
 void MainComp::Update_From_Host (unsigned int code)
 {
     const int kind = (int) (code >> 18) - 32;
-    if (kind != 0)
-        return;
+    const int note = (int) (code >> 7) & 127;
+
+    switch (kind)
+    {
+        case 0:  break;
+        case 1:  return keyboard->pianoPad.NoteON_Rec (note - state->keyBase, (int) code & 127);
+        case 2:  return keyboard->pianoPad.NoteOFF_Rec ((int) (code & 127) - state->keyBase);
+        case 3:  return keyboard->pitchWheel.setPosition ((int) (code >> 7) & 127);
+        default: return;
+    }
 
     // A host controller on a touch-surface number shows in the caption row only.
     const int controller = (int) (code >> 7) & 127;
     const int value = (int) code & 127;
-    if (controller == 0 || controller == 1 || controller == 32)
+    if (controller == 1)
+        return keyboard->modWheel.setPosition (value);
+    if (controller == 0 || controller == 32)
         return;
 
     for (int i = 0; i < 4; ++i)

@@ -5,6 +5,7 @@
 #include "editor/AdvCont.h"
 #include "editor/AppBar.h"
 #include "editor/EditorPanel.h"
+#include "editor/KeyBrd.h"
 #include "editor/ProgBar.h"
 #include "librarian/BankComp.h"
 #include "sound/AutoBank.h"
@@ -76,6 +77,11 @@ void MainComp::Constuct()
     advancedPanel->setBounds (0, 0, 988, 443);
     advancedPanel->closeButton.addChangeListener (this);
 
+    keyboard = std::make_unique<KeyBrd>();
+    addAndMakeVisible (*keyboard);
+    keyboard->setAlwaysOnTop (true);
+    keyboard->velocity.ValueChanged (state->keyVelocity, juce::String (state->keyVelocity));
+
     listenToControls();
 
     Display_Program();
@@ -109,6 +115,10 @@ void MainComp::listenToControls()
             advancedPanel->control (i)->addChangeListener (this);
 
     editorPanel->lcd.addChangeListener (this);
+
+    for (juce::ChangeBroadcaster* part : std::initializer_list<juce::ChangeBroadcaster*> {
+             &keyboard->pianoPad, &keyboard->modWheel, &keyboard->pitchWheel, &keyboard->release, &keyboard->glide, &keyboard->velocity })
+        part->addChangeListener (this);
 }
 
 //==============================================================================
@@ -164,6 +174,13 @@ void MainComp::ResizePanels()
     if (panelScales)
         editorPanel->ScaleMe (scale);
 
+    if (keyboardShown)
+    {
+        // With the banks open the strip starts where they end.
+        keyboard->setDesignRect (bankPanelShown && scale > 0.0f ? 500.0f / scale : 0.0f, 467.0f, KeyBrd::designWidth, KeyBrd::designHeight);
+        keyboard->ScaleMe (scale);
+    }
+
     for (auto* box : { (juce::Component*) aboutPanel.get(), (juce::Component*) progressBar.get() })
         if (box != nullptr)
             box->setSize (getWidth(), getHeight());
@@ -179,6 +196,18 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
     for (int i = 0; i < AdvCont::numControls; ++i)
         if ((i <= 15 || i >= 67) && source == advancedPanel->control (i))
             return IvrContAdv (advancedPanel->control (i));
+
+    if (source == &keyboard->pianoPad)
+        return PianoPad_playing();
+    if (source == &keyboard->modWheel)
+        return WheelMd_playing ((int) keyboard->modWheel.position);
+    if (source == &keyboard->pitchWheel)
+        return WheelPb_playing ((int) keyboard->pitchWheel.position);
+    for (int parameter : { 67, 68 })
+        if (source == keyboard->control (parameter))
+            return IvrContAct (keyboard->control (parameter));
+    if (source == &keyboard->velocity)
+        return NoteVel_playing (&keyboard->velocity);
 
     for (auto* button : appBar->buttons)
     {

@@ -15,6 +15,7 @@ class BankComp;
 class EditorPanel;
 class FileMan;
 class IvrCont;
+class KeyBrd;
 class MidiCntrState;
 class ParDes;
 class ProgBar;
@@ -82,6 +83,13 @@ public:
     void hideProgressBar();
 
     //==============================================================================
+    // The keyboard strip played (MainCompMM.cpp): the keys' notes, the wheels and the velocity.
+    void PianoPad_playing();
+    void WheelMd_playing (int value);
+    void WheelPb_playing (int position);
+    void NoteVel_playing (IvrCont* control);
+
+    //==============================================================================
     // Fields, by role.
     MidiCntrState* state = nullptr;
     juce::TooltipWindow tooltipWindow { this };
@@ -96,6 +104,8 @@ public:
     std::unique_ptr<AboutPanel> aboutPanel;
     std::unique_ptr<FileMan> fileManager;
     std::unique_ptr<ProgBar> progressBar;
+    std::unique_ptr<KeyBrd> keyboard;
+    bool keyboardShown = true;
     int returnBank = 0;
     std::unique_ptr<AutoBank> copyBuffer;
     bool copyBufferFull = false;

@@ -5,6 +5,7 @@
 #include "device/MidiCntrState.h"
 #include "editor/AppBar.h"
 #include "editor/EditorPanel.h"
+#include "editor/KeyBrd.h"
 #include "editor/ProgBar.h"
 
 void MainComp::IvrButAct (int id)
@@ -19,6 +20,13 @@ void MainComp::IvrButAct (int id)
         case 968: Show_Window (102, ! aboutShown, 0); break;
         case 70:  TransmitBuffer(); break;
         case 72:  PasteBuffer(); break;
+        case 967:
+            keyboardShown = ! keyboardShown;
+            keyboard->setAlwaysOnTop (false);
+            keyboard->setAlwaysOnTop (true);
+            keyboard->setVisible (keyboardShown);
+            ResizePanels();
+            break;
         default:  break;
     }
 }
@@ -32,6 +40,11 @@ void MainComp::startAutomationSender()
     {
         sendParams.add (i);
         sendValues.add (editorPanel->control (i)->currentValue);
+    }
+    for (int i = 67; i <= 68; ++i)
+    {
+        sendParams.add (i);
+        sendValues.add (keyboard->control (i)->currentValue);
     }
 
     returnBank = state->bankNumber;

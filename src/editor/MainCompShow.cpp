@@ -6,6 +6,7 @@
 #include "editor/AboutPanel.h"
 #include "editor/AdvCont.h"
 #include "editor/EditorPanel.h"
+#include "editor/KeyBrd.h"
 #include "librarian/BankComp.h"
 
 void MainComp::Show_Window (int code, bool show, int extra)
@@ -57,6 +58,17 @@ void MainComp::Show_Window (int code, bool show, int extra)
             {
                 bankPanel->setVisible (false);
             }
+            ResizePanels();
+            break;
+
+        case 105:
+            keyboardShown = show;
+            if (show)
+            {
+                keyboard->setAlwaysOnTop (false);
+                keyboard->setAlwaysOnTop (true);
+            }
+            keyboard->setVisible (show);
             ResizePanels();
             break;
 
