@@ -1,4 +1,5 @@
 #include "device/InProcessMidiBackend.h"
+#include "editor/KeyBrd.h"
 #include "editor/MainComp.h"
 #include "plugin/PluginEditor.h"
 #include "plugin/PluginProcessor.h"
@@ -66,6 +67,25 @@ static void BM_EditorRepaint (benchmark::State& run)
     }
 }
 BENCHMARK (BM_EditorRepaint)->Arg (1505)->Arg (978)->Unit (benchmark::kMillisecond);
+
+// One full repaint of the keyboard strip at a given width, a chord held so that keys of both
+// states are drawn.
+static void BM_KeyboardRepaint (benchmark::State& run)
+{
+    auto editor = openEditor ((int) run.range (0));
+    auto& strip = *dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp()->keyboard;
+    for (int key : { 12, 16, 19, 22 })
+        strip.pianoPad.NoteON_Rec (key, 100);
+
+    juce::Image image (juce::Image::ARGB, strip.getWidth(), strip.getHeight(), true);
+    for (auto _ : run)
+    {
+        juce::Graphics g (image);
+        strip.paintEntireComponent (g, true);
+        benchmark::DoNotOptimize (image.getPixelAt (10, 10));
+    }
+}
+BENCHMARK (BM_KeyboardRepaint)->Arg (1505)->Arg (978)->Unit (benchmark::kMillisecond);
 
 // Rewriting every control from the edit buffer.
 static void BM_DisplayProgram (benchmark::State& run)
