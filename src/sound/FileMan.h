@@ -2,6 +2,9 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <functional>
+#include <memory>
+
 class AutoBank;
 
 // Reads and writes the sound files: a program file is one 149-byte program
@@ -13,6 +16,19 @@ public:
     static constexpr int bankFileBytes = 128 * 149;
 
     FileMan();
+
+    static constexpr int openDialog = 98;
+    static constexpr int saveDialog = 99;
+
+    // Shows the file dialog of `type` on the user's home directory: `mode` openDialog or
+    // saveDialog, `name` the file a save proposes. Plug-ins have no modal loops, so the answer
+    // comes later: `done` hears true when the user confirmed, and the file is then in chosenFile
+    // as the user named it. A FileMan that goes away with its dialog open never calls back.
+    void ShowMeOpen (int mode, int type, juce::String name, std::function<void (bool)> done);
+
+    // Asks for a program file and reads it; `done` hears true when programResult holds its
+    // 149-byte frame.
+    void Load_Program_Single (std::function<void (bool)> done);
 
     // The whole file; a missing file, a directory or an empty file gives an
     // empty array. The raw block holds the same afterwards.
@@ -46,7 +62,12 @@ public:
     juce::File chosenFile;
     juce::String dialogTitle;
     juce::StringArray patterns;
+    // The platform's dialog where there is one, JUCE's own otherwise or when this is false.
+    bool nativeDialogs = true;
 
 private:
+    // Lives until the next dialog or this object's end; destroying it drops its callback.
+    std::unique_ptr<juce::FileChooser> chooser;
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (FileMan)
 };
