@@ -90,6 +90,12 @@ public:
     void NoteVel_playing (IvrCont* control);
 
     //==============================================================================
+    // Sound files (MainCompFile.cpp): the user picks the file in the dialog of `type`, proposed
+    // under `name`, and the first `size` bytes of `data` replace it. Nothing happens on cancel.
+    void SAVE_DATA_AS (juce::Array<unsigned char> data, int size, int type, juce::String name);
+    void SAVE_DATA_PROGRAM_AS (juce::Array<unsigned char> data, int size, juce::String name);
+
+    //==============================================================================
     // Fields, by role.
     MidiCntrState* state = nullptr;
     juce::TooltipWindow tooltipWindow { this };

@@ -13,6 +13,7 @@ void MainComp::IvrButAct (int id)
     switch (id)
     {
         case 99:  Show_Window (103, ! bankPanelShown, 0); break;
+        case 75:  fileMenu(); break;
         case 73:  editMenu(); break;
         case 701: sendMenu(); break;
         case 71:  state->Dump_Request (5, 0, 0); break;

@@ -8,6 +8,7 @@
 #include "editor/EditorPanel.h"
 #include "editor/controls/DeskerLookAndFeel.h"
 #include "sound/AutoBank.h"
+#include "sound/FileMan.h"
 #include "sound/ParDes.h"
 
 std::unique_ptr<juce::LookAndFeel_V2> MainComp::setLAF()
@@ -55,6 +56,33 @@ juce::Component* buttonWithId (AppBar& bar, int id)
     return nullptr;
 }
 } // namespace
+
+void MainComp::fileMenu()
+{
+    juce::PopupMenu menu;
+    menu.addItem (1, "Load Single Program");
+    menu.addItem (2, "Save " + state->editBuffer->PatchGetName());
+
+    showMenu (std::move (menu), buttonWithId (*appBar, 75), [this] (int id)
+    {
+        if (id == 1)
+        {
+            fileManager->Load_Program_Single ([this] (bool loaded)
+            {
+                if (! loaded)
+                    return;
+                state->editBuffer->PatchImport_Syx (fileManager->programResult);
+                TransmitBuffer();
+            });
+        }
+        else if (id == 2)
+        {
+            const auto frame = state->editBuffer->Export_Syx_Patch_Buf_MB (state->deviceId);
+            SAVE_DATA_PROGRAM_AS (juce::Array<unsigned char> (static_cast<const unsigned char*> (frame.getData()), (int) frame.getSize()),
+                                  (int) frame.getSize(), state->editBuffer->PatchGetName());
+        }
+    });
+}
 
 void MainComp::editMenu()
 {
