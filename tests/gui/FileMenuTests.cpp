@@ -1,0 +1,263 @@
+// The FILE menu as a user works it: the menu at the tool-bar button, then the file dialog. Tests
+// drive JUCE's own dialog through its window; a script in the place of zenity stands in for the
+// platform's dialog, so that no test depends on what the machine has installed.
+
+#include "EditorHarness.h"
+#include "sound/AutoBank.h"
+#include "sound/FileMan.h"
+
+namespace
+{
+constexpr int cutoff = 32;
+const juce::String fileName = "FROM A FILE             ";
+
+template <typename Type>
+Type* find (juce::Component* parent, std::function<bool (Type&)> wanted = [] (Type&) { return true; })
+{
+    auto& desktop = juce::Desktop::getInstance();
+    const int count = parent != nullptr ? parent->getNumChildComponents() : desktop.getNumComponents();
+    for (int i = 0; i < count; ++i)
+    {
+        auto* child = parent != nullptr ? parent->getChildComponent (i) : desktop.getComponent (i);
+        if (auto* c = dynamic_cast<Type*> (child); c != nullptr && wanted (*c))
+            return c;
+        if (auto* found = parent != nullptr ? find<Type> (child, wanted) : nullptr)
+            return found;
+    }
+    return nullptr;
+}
+
+auto* dialog() { return find<juce::FileChooserDialogBox> (nullptr); }
+
+juce::TextButton* button (juce::Component* window, const juce::String& text)
+{
+    return window == nullptr ? nullptr : find<juce::TextButton> (window, [&] (auto& b) { return b.getButtonText() == text; });
+}
+
+// A click on `target` through the peer of the window that holds it.
+void clickThroughPeer (juce::Component& target)
+{
+    static juce::int64 clock = juce::Time::currentTimeMillis();
+    auto* peer = target.getPeer();
+    const auto p = peer->getComponent().getLocalPoint (&target, target.getLocalBounds().getCentre()).toFloat();
+    for (auto mods : { juce::ModifierKeys(), juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier), juce::ModifierKeys() })
+    {
+        juce::ModifierKeys::currentModifiers = mods;
+        peer->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, p, mods,
+                                juce::MouseInputSource::defaultPressure, 0.0f, ++clock);
+    }
+    pump (100);
+}
+
+// Runs the message loop until `done` holds, for two seconds at most.
+bool pumpUntil (std::function<bool()> done)
+{
+    for (int i = 0; i < 100 && ! done(); ++i)
+        pump (20);
+    return done();
+}
+
+std::vector<int> bytesOf (const juce::MemoryBlock& block)
+{
+    return { static_cast<const unsigned char*> (block.getData()), static_cast<const unsigned char*> (block.getData()) + block.getSize() };
+}
+
+std::vector<int> contentsOf (const juce::File& file)
+{
+    juce::MemoryBlock block;
+    file.loadFileAsData (block);
+    return bytesOf (block);
+}
+
+struct FileMenu : ::testing::Test, EditorHarness
+{
+    FileMenu()
+    {
+        openEditor();
+        dismissSplash();
+        main().fileManager->nativeDialogs = false;
+        sent();
+    }
+
+    // Opens the FILE menu and picks its item `index`; returns the item's text.
+    juce::String choose (int index)
+    {
+        editor->getPeer()->grabFocus(); // a dialog may have taken it
+        auto& bar = *main().appBar;
+        click (centreOf (**std::find_if (bar.buttons.begin(), bar.buttons.end(), [] (auto* b) { return b->id == 75; })));
+        auto* item = pumpUntil ([this] { return openMenu() != nullptr; }) ? openMenu()->getChildComponent (index) : nullptr;
+        if (item == nullptr)
+            return "(no menu)";
+        pump (300); // a menu takes no release in its first 250 ms
+        const auto text = item->getAccessibilityHandler()->getTitle();
+        const auto p = editor->getLocalPoint (item, item->getLocalBounds().getCentre()).toFloat();
+        for (auto mods : { juce::ModifierKeys(), juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier), juce::ModifierKeys() })
+        {
+            mouse (p, mods);
+            pump (100); // the menu watches the button on its own timer
+        }
+        return text;
+    }
+
+    // Types `file` into the open dialog's filename box and presses its button, then confirms
+    // the overwrite question when `overwrite` is set. Returns what went wrong, if anything.
+    std::string answer (const juce::File& file, const juce::String& verb, bool overwrite = false)
+    {
+        pumpUntil ([] { return dialog() != nullptr; });
+        auto* box = dialog() != nullptr ? find<juce::TextEditor> (dialog(), [] (auto& t) { return ! t.isReadOnly(); }) : nullptr;
+        auto* ok = button (dialog(), verb);
+        if (box == nullptr || ok == nullptr)
+            return "no dialog";
+        // The window takes the system's focus only once the server shows it, and on that focus
+        // JUCE gives the keys back to what had them last: click until the box keeps them.
+        auto* peer = box->getPeer();
+        if (! pumpUntil ([&] { peer->grabFocus(); if (! box->hasKeyboardFocus (false)) clickThroughPeer (*box); return box->hasKeyboardFocus (false); }))
+            return "the filename box gets no keys";
+        peer->handleKeyPress (juce::KeyPress ('a', juce::ModifierKeys::commandModifier, 0));
+        for (auto c : file.getFullPathName())
+            peer->handleKeyPress (juce::KeyPress ((int) c, {}, c));
+        if (box->getText() != file.getFullPathName())
+            return "typed " + box->getText().toStdString();
+        if (! pumpUntil ([ok] { return ok->isEnabled(); })) // the box's news come by a posted message
+            return "button stays disabled";
+        clickThroughPeer (*ok);
+        if (overwrite)
+        {
+            pumpUntil ([] { return button (find<juce::AlertWindow> (nullptr), "Overwrite") != nullptr; });
+            if (auto* yes = button (find<juce::AlertWindow> (nullptr), "Overwrite"))
+                clickThroughPeer (*yes);
+        }
+        return pumpUntil ([] { return dialog() == nullptr; }) ? "" : "dialog stays open";
+    }
+
+    // A program unlike the one on the panel, as the 149-byte frame a program file holds.
+    juce::MemoryBlock otherProgram()
+    {
+        AutoBank source (0);
+        source.patchData = state().editBuffer->patchData;
+        source.patchData.set (cutoff, (unsigned short) ((source.patchData[cutoff] ^ 0x5500) & 0xff00));
+        for (int i = 0; i < 24; ++i)
+            source.patchData.set (151 + i, (unsigned short) fileName[i]);
+        return source.Export_Syx_Patch_Buf_MB (state().deviceId);
+    }
+
+    ScratchFolder scratch;
+};
+} // namespace
+
+TEST_F (FileMenu, LoadsTheFirstMessageOnlyWhenItIsOneProgramFrame)
+{
+    const auto frame = otherProgram();
+    juce::MemoryBlock withText ("TOLK FILE\n", 10);
+    withText.append (frame.getData(), frame.getSize());
+    const struct { const char* name; juce::MemoryBlock contents; bool loads; } cases[] = {
+        { "154-byte frame", state().banks[0]->Export_Syx_Bank_Rom_MB (3, 3, state().deviceId, 0), false },
+        { "nine bytes", juce::MemoryBlock (frame.getData(), 9), false },
+        { "ten bytes of text before a program frame", withText, true },
+    };
+
+    for (auto& c : cases)
+    {
+        SCOPED_TRACE (c.name);
+        const auto file = scratch.dir.getChildFile ("program.syx");
+        ASSERT_TRUE (file.replaceWithData (c.contents.getData(), c.contents.getSize()));
+        const auto panelBefore = state().editBuffer->patchData;
+        const auto bankBefore = state().banks[0]->bankData;
+
+        EXPECT_EQ (choose (0), "Load Single Program");
+        ASSERT_EQ (answer (file, "Open"), "");
+        pump (100);
+
+        // What reading the frame over the sound on the panel gives, sent as one dump.
+        AutoBank expected (0);
+        expected.patchData = panelBefore;
+        if (c.loads)
+            expected.PatchImport_Syx (juce::Array<unsigned char> (static_cast<const unsigned char*> (frame.getData()), (int) frame.getSize()));
+        EXPECT_EQ (state().editBuffer->patchData, expected.patchData);
+        EXPECT_EQ (state().banks[0]->bankData, bankBefore);
+        EXPECT_EQ (sentBytes(), c.loads ? std::vector<std::vector<int>> { bytesOf (expected.Export_Syx_Patch_Buf_MB (state().deviceId)) }
+                                        : std::vector<std::vector<int>>());
+        EXPECT_EQ (state().editBuffer->PatchGetName() == fileName, c.loads);
+        EXPECT_EQ (knob (cutoff).currentValue, state().editBuffer->patchData[cutoff] >> 8);
+    }
+}
+
+TEST_F (FileMenu, SavesExactlyTheProgramFrameAndReplacesAnExistingFileWhole)
+{
+    const auto name = state().editBuffer->PatchGetName();
+    const auto expected = bytesOf (state().editBuffer->Export_Syx_Patch_Buf_MB (state().deviceId));
+    const auto file = scratch.dir.getChildFile ("saved");
+
+    EXPECT_EQ (choose (1), "Save " + name);
+    ASSERT_TRUE (pumpUntil ([] { return dialog() != nullptr; }));
+    EXPECT_EQ (dialog()->getName(), "Save Corvane Program");
+    EXPECT_NE (find<juce::TextEditor> (dialog(), [&] (auto& t) { return t.getText() == name.trim() + ".tkp"; }), nullptr);
+    ASSERT_EQ (answer (file, "Save"), "");
+    EXPECT_EQ (contentsOf (file), expected); // as the user named it: no extension added
+
+    const juce::MemoryBlock longer (FileMan::bankFileBytes, true);
+    ASSERT_TRUE (file.replaceWithData (longer.getData(), longer.getSize()));
+    choose (1);
+    ASSERT_EQ (answer (file, "Save", true), "");
+    EXPECT_EQ (contentsOf (file), expected);
+    EXPECT_EQ (scratch.dir.getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1); // no temporary left
+    EXPECT_TRUE (sentBytes().empty());
+}
+
+TEST_F (FileMenu, CancelAndAnEditorClosedUnderItsDialogChangeNothing)
+{
+    const auto panelBefore = state().editBuffer->patchData;
+    choose (0);
+    pumpUntil ([] { return dialog() != nullptr; });
+    ASSERT_NE (button (dialog(), "Cancel"), nullptr);
+    EXPECT_EQ (dialog()->getName(), "Load Single Corvane Program");
+    clickThroughPeer (*button (dialog(), "Cancel"));
+    EXPECT_TRUE (pumpUntil ([] { return dialog() == nullptr; }));
+
+    choose (0);
+    ASSERT_TRUE (pumpUntil ([] { return dialog() != nullptr; }));
+    closeEditor();
+    pump (200);
+    EXPECT_EQ (dialog(), nullptr);
+    EXPECT_EQ (state().editBuffer->patchData, panelBefore);
+    EXPECT_TRUE (sentBytes().empty());
+}
+
+TEST_F (FileMenu, PlatformDialogGetsTitlePatternsAndProposalAndItsAnswerIsUsed)
+{
+    // The stand-in notes its arguments and answers with the path in "answer".
+    const auto bin = scratch.dir.getChildFile ("bin");
+    const auto script = bin.getChildFile ("zenity");
+    bin.createDirectory();
+    ASSERT_TRUE (script.replaceWithText ("#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$(dirname \"$0\")/args\"\n"
+                                         "cat \"$(dirname \"$0\")/answer\"\n", false, false, "\n"));
+    script.setExecutePermission (true);
+    const auto path = juce::SystemStats::getEnvironmentVariable ("PATH", {});
+    const auto cwd = juce::File::getCurrentWorkingDirectory(); // JUCE moves it for zenity
+    ::setenv ("PATH", (bin.getFullPathName() + ":" + path).toRawUTF8(), 1);
+    ::unsetenv ("KDE_FULL_SESSION");
+    main().fileManager->nativeDialogs = true;
+
+    const auto file = scratch.dir.getChildFile ("from zenity.tkp");
+    bin.getChildFile ("answer").replaceWithText (file.getFullPathName());
+    const auto frame = otherProgram();
+    file.replaceWithData (frame.getData(), frame.getSize());
+    const auto argsOfLastCall = [&] { return juce::StringArray::fromLines (bin.getChildFile ("args").loadFileAsString()); };
+
+    choose (0);
+    EXPECT_TRUE (pumpUntil ([this] { return state().editBuffer->PatchGetName() == fileName; }));
+    EXPECT_EQ (sentBytes().size(), 1u);
+    for (auto* expected : { "--title=Load Single Corvane Program", "--file-filter=*.tkp *.syx" })
+        EXPECT_TRUE (argsOfLastCall().contains (expected)) << expected;
+    EXPECT_FALSE (argsOfLastCall().contains ("--save"));
+
+    file.deleteFile();
+    choose (1);
+    EXPECT_TRUE (pumpUntil ([&] { return file.existsAsFile(); }));
+    for (auto* expected : { "--save", "--confirm-overwrite", "--title=Save Corvane Program", "--filename=FROM A FILE.tkp" })
+        EXPECT_TRUE (argsOfLastCall().contains (expected)) << expected;
+    EXPECT_EQ (contentsOf (file), bytesOf (state().editBuffer->Export_Syx_Patch_Buf_MB (state().deviceId)));
+
+    ::setenv ("PATH", path.toRawUTF8(), 1);
+    cwd.setAsCurrentWorkingDirectory();
+}
