@@ -26,8 +26,8 @@ struct Section
 };
 
 const Section sections[] = {
-    { "LFO", { 16.0f, 14.0f, 112.0f, 236.0f } },
-    { "GLIDE", { 16.0f, 256.0f, 112.0f, 180.0f } },
+    { "LFO", { 16.0f, 14.0f, 112.0f, 230.0f } },
+    { "GLIDE", { 16.0f, 251.0f, 112.0f, 185.0f } },
     { "MODULATION BUSSES", { 133.0f, 14.0f, 191.0f, 422.0f } },
     { "OSCILLATORS", { 330.0f, 14.0f, 286.0f, 422.0f } },
     { "MIXER", { 936.0f, 14.0f, 142.0f, 422.0f } },
@@ -259,6 +259,11 @@ void middlePlate (juce::Graphics& g)
     g.setColour (juce::Colours::black.withAlpha (0.16f));
     g.fillRoundedRectangle (plate, 5.0f);
     sunken (g, plate, 5.0f, 1.2f);
+    // Held by four screws, their slots set every which way, as a fitter leaves them.
+    const float slots[] = { 0.3f, 1.1f, 2.2f, 0.7f };
+    const juce::Point<float> corners[] = { { 631.0f, 19.0f }, { 921.0f, 19.0f }, { 631.0f, 429.0f }, { 921.0f, 429.0f } };
+    for (int i = 0; i < 4; ++i)
+        screw (g, corners[i], 3.3f, slots[i]);
 
     // Name plate.
     print (g, "CORVANE", { 626.0f, 17.0f, 278.0f, 30.0f }, 27.0f, juce::Justification::centred, true, silk, 0.32f);
@@ -323,10 +328,11 @@ void middlePlate (juce::Graphics& g)
     g.fillPath (surroundPath);
     bevel (g, surround, 5.0f, 1.0f, 0.4f);
 
-    juce::ColourGradient surface (juce::Colour (0xff1c1e22), pad.getX(), pad.getY(), juce::Colour (0xff111214), pad.getRight(), pad.getBottom(), false);
+    // A satin pad: lighter where the light falls on it, with a faint printed grid.
+    juce::ColourGradient surface (juce::Colour (0xff2e3137), pad.getX(), pad.getY(), juce::Colour (0xff191a1e), pad.getRight(), pad.getBottom(), false);
     g.setGradientFill (surface);
     g.fillRect (pad);
-    g.setColour (juce::Colours::white.withAlpha (0.035f));
+    g.setColour (juce::Colours::white.withAlpha (0.05f));
     for (float x = pad.getX() + pad.getWidth() / 8.0f; x < pad.getRight() - 1.0f; x += pad.getWidth() / 8.0f)
         g.fillRect (x, pad.getY() + 1.0f, 0.6f, pad.getHeight() - 2.0f);
     for (float y = pad.getY() + pad.getHeight() / 6.0f; y < pad.getBottom() - 1.0f; y += pad.getHeight() / 6.0f)

@@ -5,7 +5,7 @@ namespace
 const PanelLayout::Control table[] = {
     { 17, "RATE", 3, 17, 255, { 49, 66, 66, 66 }, PanelLayout::Place::above },
     { 46, "SYNC", 9, 46, 3, { 52, 168, 60, 60 }, PanelLayout::Place::below },
-    { 100, "FINE TUNE", 5, 17, 255, { 60, 274, 44, 55 }, PanelLayout::Place::below },
+    { 100, "FINE TUNE", 5, 17, 255, { 60, 274, 44, 55 }, PanelLayout::Place::above },
     { 18, "GLIDE RATE", 5, 17, 255, { 60, 366, 44, 55 }, PanelLayout::Place::above },
 
     { 47, "SOURCE", 9, 47, 5, { 150, 69, 60, 60 }, PanelLayout::Place::below },

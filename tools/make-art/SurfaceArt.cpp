@@ -89,7 +89,7 @@ void darkPlate (juce::Image& image, juce::Colour top, juce::Colour bottom, int s
 
 void screenBezel (juce::Graphics& g, juce::Rectangle<float> screen)
 {
-    const auto outer = screen.expanded (5.0f);
+    const auto outer = screen.expanded (3.0f);
     juce::Path p;
     p.addRoundedRectangle (outer, 4.0f);
     shadow (g, p, 3.0f, 0.6f, { 1, 2 });
