@@ -7,13 +7,9 @@
 // Everything is a pure function of its arguments, so the images come out the same on every run.
 namespace ArtKit
 {
-// The one light: from the top left.
-inline const juce::Point<float> lightDir { -0.7071f, -0.7071f };
-
-const juce::Colour panelBase { 0xff26282c };
+// Every image is lit from the top left.
 const juce::Colour silk { 0xffeceae3 };
 const juce::Colour silkLine { 0xffb9bbbf };
-const juce::Colour recess { 0xff0c0d0f };
 const juce::Colour valueOrange { 0xfff59b58 };
 
 juce::Image makeImage (int width, int height, bool transparent);
