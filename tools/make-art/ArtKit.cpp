@@ -11,15 +11,15 @@ juce::Image makeImage (int width, int height, bool transparent)
                         juce::SoftwareImageType());
 }
 
-void brush (juce::Image& image, juce::Rectangle<int> area, float strength, int seed, bool vertical)
+void brush (juce::Image& image, juce::Rectangle<int> area, float strength, int seed)
 {
     area = area.getIntersection (image.getBounds());
     if (area.isEmpty())
         return;
 
     juce::Random rng (seed);
-    const int length = vertical ? area.getHeight() : area.getWidth();
-    const int lines = vertical ? area.getWidth() : area.getHeight();
+    const int length = area.getWidth();
+    const int lines = area.getHeight();
     const int window = 23;
     std::vector<float> raw ((size_t) (length + window)), smooth ((size_t) length);
 
@@ -45,12 +45,10 @@ void brush (juce::Image& image, juce::Rectangle<int> area, float strength, int s
 
         for (int i = 0; i < length; ++i)
         {
-            const int x = vertical ? line : i;
-            const int y = vertical ? i : line;
             const float delta = lineBias + smooth[(size_t) i] * strength * 3.5f;
-            const auto c = data.getPixelColour (x, y);
+            const auto c = data.getPixelColour (i, line);
             const auto shift = [delta] (juce::uint8 v) { return (juce::uint8) juce::jlimit (0, 255, juce::roundToInt ((float) v + delta)); };
-            data.setPixelColour (x, y, juce::Colour (shift (c.getRed()), shift (c.getGreen()), shift (c.getBlue()), c.getAlpha()));
+            data.setPixelColour (i, line, juce::Colour (shift (c.getRed()), shift (c.getGreen()), shift (c.getBlue()), c.getAlpha()));
         }
     }
 }

@@ -14,8 +14,8 @@ const juce::Colour valueOrange { 0xfff59b58 };
 
 juce::Image makeImage (int width, int height, bool transparent);
 
-// Adds a fine brushed grain to an area: streaks along x (or y), from a fixed seed.
-void brush (juce::Image& image, juce::Rectangle<int> area, float strength, int seed, bool vertical = false);
+// Adds a fine brushed grain to an area: streaks along x, from a fixed seed.
+void brush (juce::Image& image, juce::Rectangle<int> area, float strength, int seed);
 
 // Darkens the edges of an area a little, as light falls off over a large plate.
 void vignette (juce::Graphics& g, juce::Rectangle<float> area, float amount);
