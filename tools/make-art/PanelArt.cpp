@@ -15,8 +15,8 @@ namespace
 {
 using namespace ArtKit;
 
-constexpr float labelSize = 8.5f;
-constexpr float positionSize = 7.0f;
+constexpr float labelSize = 9.5f;
+constexpr float positionSize = 7.5f;
 constexpr float headingSize = 11.0f;
 
 struct Section
