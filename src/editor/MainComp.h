@@ -42,7 +42,6 @@ public:
     void resized() override;
     void ResizePanels();
     void Show_Window (int code, bool show, int extra);
-    void show_MIDI (bool show);
 
     // Design size of the whole editor: tool-bar 23, panel 444, keyboard 272.
     static constexpr int designWidth = 1505;
@@ -105,7 +104,6 @@ public:
     std::unique_ptr<EditorPanel> editorPanel;
     std::unique_ptr<AdvCont> advancedPanel;
     bool advancedShown = false;
-    bool midiPanelShown = false;
     std::unique_ptr<AppBar> appBar;
     std::unique_ptr<AboutPanel> aboutPanel;
     std::unique_ptr<FileMan> fileManager;
