@@ -23,14 +23,7 @@ std::vector<int> pairValues (const std::vector<std::vector<int>>& sent, int msbC
 
 struct EditorFlow : ::testing::Test, EditorHarness
 {
-    EditorFlow()
-    {
-        openEditor();
-        dismissSplash();
-        sent();
-        host.changes.clear();
-        host.log.clear();
-    }
+    EditorFlow() { openReady(); }
 
     std::vector<int> hostValuesOf (int index)
     {

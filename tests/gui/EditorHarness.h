@@ -73,6 +73,16 @@ public:
 
     void closeEditor() { editor.reset(); }
 
+    // An open editor with the splash gone and nothing recorded yet.
+    void openReady()
+    {
+        openEditor();
+        dismissSplash();
+        sent();
+        host.changes.clear();
+        host.log.clear();
+    }
+
     // Closes the splash (a click anywhere on it), so that the panel takes the mouse.
     void dismissSplash()
     {

@@ -11,13 +11,7 @@ using Bytes = std::vector<int>;
 
 struct KeyboardStrip : ::testing::Test, EditorHarness
 {
-    KeyboardStrip()
-    {
-        openEditor();
-        dismissSplash();
-        sent();
-        host.changes.clear();
-    }
+    KeyboardStrip() { openReady(); }
 
     KeyBrd& strip() { return *main().keyboard; }
     PianoPad& pad() { return strip().pianoPad; }
