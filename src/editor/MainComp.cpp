@@ -6,7 +6,9 @@
 #include "editor/AppBar.h"
 #include "editor/EditorPanel.h"
 #include "editor/KeyBrd.h"
+#include "editor/MsgCont.h"
 #include "editor/ProgBar.h"
+#include "editor/UpdHostCont.h"
 #include "librarian/BankComp.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
@@ -33,6 +35,14 @@ MainComp::~MainComp()
         aboutPanel->exitModalState (0);
     if (progressBar != nullptr)
         progressBar->exitModalState (0);
+    if (messageBox != nullptr)
+        messageBox->exitModalState (0);
+    if (updateHostBox != nullptr)
+    {
+        updateHostBox->exitModalState (0);
+        // The box goes with the editor: the host's program choices go to the instrument again.
+        state->updateHostActive = false;
+    }
 
     bankPanel.reset();
     editorPanel.reset();
@@ -41,6 +51,8 @@ MainComp::~MainComp()
     aboutPanel.reset();
     fileManager.reset();
     progressBar.reset();
+    messageBox.reset();
+    updateHostBox.reset();
     copyBuffer.reset();
     parDes.reset();
 }
@@ -181,7 +193,8 @@ void MainComp::ResizePanels()
         keyboard->ScaleMe (scale);
     }
 
-    for (auto* box : { (juce::Component*) aboutPanel.get(), (juce::Component*) progressBar.get() })
+    for (auto* box : { (juce::Component*) aboutPanel.get(), (juce::Component*) progressBar.get(),
+                       (juce::Component*) messageBox.get(), (juce::Component*) updateHostBox.get() })
         if (box != nullptr)
             box->setSize (getWidth(), getHeight());
 }
@@ -239,4 +252,15 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
 
     if (progressBar != nullptr && source == &progressBar->cancelButton)
         return hideProgressBar();
+
+    if (messageBox != nullptr && (source == &messageBox->okButton || source == &messageBox->cancelButton))
+        return MSG_Action();
+
+    if (updateHostBox != nullptr)
+    {
+        if (source == &updateHostBox->cancelButton)
+            return showUPHOST_Act (-1);
+        if (source == &updateHostBox->okButton)
+            return showUPHOST_Act (updateHostBox->program);
+    }
 }

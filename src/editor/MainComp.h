@@ -17,8 +17,10 @@ class FileMan;
 class IvrCont;
 class KeyBrd;
 class MidiCntrState;
+class MsgCont;
 class ParDes;
 class ProgBar;
+class UpdHostCont;
 
 // The root of the editor: owns the tool-bar, the panels and the boxes, and is the one place where
 // every control reports what the user did. It holds no sound of its own; the values live in the
@@ -42,6 +44,14 @@ public:
     void resized() override;
     void ResizePanels();
     void Show_Window (int code, bool show, int extra);
+
+    //==============================================================================
+    // The message box and the update-host box (MainCompShow.cpp). The box of `showMSG` has both
+    // buttons; the second and third arguments are the same for every caller and change nothing.
+    void showMSG (bool modal, bool, int, juce::String text);
+    void MSG_Action();
+    // Closes the update-host box; a slot of 0 or more first gets the edit buffer's program.
+    void showUPHOST_Act (int slot);
 
     // Design size of the whole editor: tool-bar 23, panel 444, keyboard 272.
     static constexpr int designWidth = 1505;
@@ -108,8 +118,10 @@ public:
     std::unique_ptr<AboutPanel> aboutPanel;
     std::unique_ptr<FileMan> fileManager;
     std::unique_ptr<ProgBar> progressBar;
+    std::unique_ptr<MsgCont> messageBox;
     std::unique_ptr<KeyBrd> keyboard;
     bool keyboardShown = true;
+    std::unique_ptr<UpdHostCont> updateHostBox;
     int returnBank = 0;
     std::unique_ptr<AutoBank> copyBuffer;
     bool copyBufferFull = false;
@@ -117,6 +129,7 @@ public:
     float scale = 1.0f;
     juce::Array<int> sendParams, sendValues;
     bool aboutShown = false;
+    bool messageShown = false;
 
 private:
     void buildAppBar();

@@ -16,6 +16,7 @@ void MainComp::IvrButAct (int id)
         case 75:  fileMenu(); break;
         case 73:  editMenu(); break;
         case 701: sendMenu(); break;
+        case 729: Show_Window (107, true, state->hostProgram); break;
         case 71:  state->Dump_Request (5, 0, 0); break;
         case 103: Show_Window (106, ! advancedShown, 0); break;
         case 968: Show_Window (102, ! aboutShown, 0); break;

@@ -7,7 +7,10 @@
 #include "editor/AdvCont.h"
 #include "editor/EditorPanel.h"
 #include "editor/KeyBrd.h"
+#include "editor/MsgCont.h"
+#include "editor/UpdHostCont.h"
 #include "librarian/BankComp.h"
+#include "sound/AutoBank.h"
 
 void MainComp::Show_Window (int code, bool show, int extra)
 {
@@ -81,7 +84,67 @@ void MainComp::Show_Window (int code, bool show, int extra)
             ResizePanels();
             break;
 
+        case 107:
+            if (! show)
+            {
+                state->updateHostActive = false;
+                return;
+            }
+            if (updateHostBox != nullptr)
+                return;
+            state->updateHostActive = true;
+            updateHostBox = std::make_unique<UpdHostCont> (extra, state->editBuffer->get_ProgramName (extra));
+            addAndMakeVisible (*updateHostBox);
+            updateHostBox->setBounds (getLocalBounds());
+            updateHostBox->setAlwaysOnTop (true);
+            updateHostBox->okButton.addChangeListener (this);
+            updateHostBox->cancelButton.addChangeListener (this);
+            updateHostBox->enterModalState (false);
+            break;
+
         default:
             break;
     }
+}
+
+void MainComp::showMSG (bool modal, bool, int, juce::String text)
+{
+    if (messageBox != nullptr)
+        MSG_Action();
+
+    messageShown = true;
+    messageBox = std::make_unique<MsgCont> (text);
+    messageBox->modal = modal;
+    addAndMakeVisible (*messageBox);
+    messageBox->setBounds (getLocalBounds());
+    messageBox->setAlwaysOnTop (false);
+    messageBox->setAlwaysOnTop (true);
+    messageBox->okButton.addChangeListener (this);
+    messageBox->cancelButton.addChangeListener (this);
+    if (modal)
+        messageBox->enterModalState (false);
+}
+
+void MainComp::MSG_Action()
+{
+    messageShown = false;
+    if (messageBox == nullptr)
+        return;
+    messageBox->setVisible (false);
+    if (messageBox->modal)
+        messageBox->exitModalState (0);
+    messageBox.reset();
+}
+
+void MainComp::showUPHOST_Act (int slot)
+{
+    if (slot >= 0)
+        state->editBuffer->setStoredProgram (slot, state->editBuffer->patchData);
+
+    state->updateHostActive = false;
+    if (updateHostBox == nullptr)
+        return;
+    updateHostBox->setVisible (false);
+    updateHostBox->exitModalState (0);
+    updateHostBox.reset();
 }

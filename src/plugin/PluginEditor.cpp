@@ -1,7 +1,9 @@
 #include "plugin/PluginEditor.h"
 
 #include "editor/MainComp.h"
+#include "editor/UpdHostCont.h"
 #include "plugin/PluginProcessor.h"
+#include "sound/AutoBank.h"
 
 DeskerAudioProcessorEditor::DeskerAudioProcessorEditor (DeskerAudioProcessor& processor)
     : juce::AudioProcessorEditor (processor), desker (processor)
@@ -62,7 +64,13 @@ void DeskerAudioProcessorEditor::changeListenerCallback (juce::ChangeBroadcaster
 
 void DeskerAudioProcessorEditor::updateParametersFromFilter()
 {
-    for (juce::uint8 event = 0; desker.midiCntrState.hostEvents.pop (event);)
+    auto& state = desker.midiCntrState;
+    for (juce::uint8 event = 0; state.hostEvents.pop (event);)
     {
+        auto* box = mainComp->updateHostBox.get();
+        if (event != 180 || box == nullptr)
+            continue;
+        const int program = state.hostProgram;
+        box->showProgram (program, state.editBuffer->get_ProgramName (program));
     }
 }

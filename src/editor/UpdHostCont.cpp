@@ -1,0 +1,59 @@
+#include "editor/UpdHostCont.h"
+
+namespace
+{
+juce::Font arial18() { return juce::Font ("Arial", 18.0f, juce::Font::plain); }
+} // namespace
+
+UpdHostCont::UpdHostCont (int slot, const juce::String& name)
+{
+    setWantsKeyboardFocus (false);
+    setMouseClickGrabsKeyboardFocus (false);
+
+    label.setFont (arial18());
+    label.setJustificationType (juce::Justification::centredLeft);
+    label.setColour (juce::Label::textColourId, juce::Colour (0xff64ccea));
+    label.setColour (juce::Label::backgroundColourId, juce::Colours::transparentBlack);
+    label.setWantsKeyboardFocus (false);
+    label.setInterceptsMouseClicks (false, false);
+    addAndMakeVisible (label);
+    showProgram (slot, name);
+
+    okButton.InitializeMe (0, 0, 60, 24, false);
+    cancelButton.InitializeMe (0, 0, 60, 24, false);
+    addAndMakeVisible (okButton);
+    addAndMakeVisible (cancelButton);
+}
+
+UpdHostCont::~UpdHostCont() = default;
+
+void UpdHostCont::showProgram (int slot, const juce::String& name)
+{
+    program = slot;
+    label.setText (juce::String (slot) + ": " + name, juce::dontSendNotification);
+}
+
+void UpdHostCont::resized()
+{
+    box = { (getWidth() - boxWidth) / 2, (getHeight() - boxHeight) / 2, boxWidth, boxHeight };
+    label.setBounds (box.getX() + 20, box.getY() + 96, boxWidth - 40, 24);
+    okButton.setTopLeftPosition (box.getX() + 368, box.getY() + 164);
+    cancelButton.setTopLeftPosition (box.getX() + 280, box.getY() + 164);
+}
+
+void UpdHostCont::paint (juce::Graphics& g)
+{
+    g.fillAll (juce::Colour (0x55000000));
+    juce::DropShadow (juce::Colour (0xaa000000), 10, { 10, 10 }).drawForRectangle (g, box);
+    g.setColour (juce::Colours::black);
+    g.fillRect (box);
+    g.setColour (juce::Colour (0xff777777));
+    g.drawRect (box);
+
+    g.setFont (arial18());
+    g.setColour (juce::Colour (0xfffcf5f5));
+    g.drawText ("Select the Host FX Program slot to be updated!", box.getX() + 20, box.getY() + 20, boxWidth - 40, 24,
+                juce::Justification::centredLeft, true);
+    g.drawText ("Current Host FX program:", box.getX() + 20, box.getY() + 68, boxWidth - 40, 24,
+                juce::Justification::centredLeft, true);
+}
