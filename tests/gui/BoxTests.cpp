@@ -1,0 +1,249 @@
+// The boxes that report to the user: the update-host box behind "HOST", the message box, the splash,
+// and the stepping slider of the control kit.
+
+#include "EditorHarness.h"
+#include "editor/AboutPanel.h"
+#include "editor/MsgCont.h"
+#include "editor/UpdHostCont.h"
+#include "editor/controls/RateSlider.h"
+#include "sound/AutoBank.h"
+
+namespace
+{
+constexpr int bankHeader = 27; // "CorvanePluginBank" and "Version100"
+
+bool nothingModal() { return juce::ModalComponentManager::getInstance()->getNumModalComponents() == 0; }
+
+struct Boxes : ::testing::Test, EditorHarness
+{
+    juce::MemoryBlock bankChunk()
+    {
+        juce::MemoryBlock chunk;
+        processor.getStateInformation (chunk);
+        return chunk;
+    }
+
+    // The 400 bytes of `program` in a bank chunk.
+    static juce::MemoryBlock programIn (const juce::MemoryBlock& chunk, int program)
+    {
+        return { static_cast<const char*> (chunk.getData()) + bankHeader + program * AutoBank::programBytes,
+                 (size_t) AutoBank::programBytes };
+    }
+
+    IvrBut& hostButton()
+    {
+        for (auto* b : main().appBar->buttons)
+            if (b->id == 729)
+                return *b;
+        throw std::runtime_error ("no HOST button");
+    }
+};
+} // namespace
+
+TEST_F (Boxes, HostStoresEditBufferOverChosenProgramAndCancelChangesNothing)
+{
+    for (const bool ok : { true, false })
+    {
+        SCOPED_TRACE (ok ? "OK" : "CANCEL");
+        openReady();
+        processor.setCurrentProgram (2);
+        pump();
+        sent();
+
+        // An edit that no stored program holds: a changed cutoff and a name of its own.
+        auto& words = state().editBuffer->patchData;
+        words.set (32, (unsigned short) (words[32] ^ 0x5500));
+        for (int i = 0; i < 24; ++i)
+            words.set (151 + i, (unsigned short) AutoBank::fromASC (juce::String::charToString ("EDITED BY THE BOX TEST  "[i])));
+        const auto before = bankChunk();
+
+        click (centreOf (hostButton()));
+        auto* box = main().updateHostBox.get();
+        ASSERT_NE (box, nullptr);
+        EXPECT_TRUE (box->isCurrentlyModal() && box->isAlwaysOnTop() && state().updateHostActive);
+        EXPECT_EQ (box->label.getText(), "2: " + state().editBuffer->get_ProgramName (2));
+
+        // The host's program list moves the slot; the instrument keeps its sound.
+        processor.setCurrentProgram (5);
+        ASSERT_TRUE (pumpUntil ([box] { return box->program == 5; }));
+        EXPECT_EQ (box->label.getText(), "5: " + state().editBuffer->get_ProgramName (5));
+        EXPECT_TRUE (sentBytes().empty());
+
+        click (centreOf (ok ? box->okButton : box->cancelButton));
+        EXPECT_EQ (main().updateHostBox, nullptr);
+        EXPECT_FALSE (state().updateHostActive);
+        EXPECT_TRUE (nothingModal());
+
+        const auto after = bankChunk();
+        for (int program = 0; program < AutoBank::numPrograms; ++program)
+            EXPECT_TRUE ((program == 5 && ok) || programIn (after, program) == programIn (before, program)) << program;
+        if (ok)
+        {
+            const auto stored = programIn (after, 5);
+            for (int i = 0; i < AutoBank::numParameters; ++i)
+                ASSERT_EQ ((juce::uint8) stored[2 * i] | ((juce::uint8) stored[2 * i + 1] << 8), words[i]) << "word " << i;
+            EXPECT_EQ (processor.getProgramName (5), "EDITED BY THE BOX TEST  ");
+        }
+
+        // With the box gone a host program goes to the instrument again.
+        processor.setCurrentProgram (7);
+        pump();
+        EXPECT_FALSE (sentBytes().empty());
+        closeEditor();
+    }
+}
+
+TEST_F (Boxes, ClosingTheEditorEndsTheUpdateHostBox)
+{
+    openReady();
+    click (centreOf (hostButton()));
+    ASSERT_NE (main().updateHostBox, nullptr);
+    closeEditor();
+    EXPECT_FALSE (state().updateHostActive);
+    EXPECT_TRUE (nothingModal());
+}
+
+TEST_F (Boxes, MessageBoxIsModalAndEitherButtonClosesIt)
+{
+    openReady();
+    for (const bool ok : { true, false })
+    {
+        main().showMSG (true, true, 0, "Bank received");
+        auto* box = main().messageBox.get();
+        ASSERT_NE (box, nullptr);
+        EXPECT_TRUE (main().messageShown && box->isCurrentlyModal());
+        EXPECT_EQ (box->label.getText(), "Bank received");
+        EXPECT_EQ (box->box, juce::Rectangle<int> (522, 319, 460, 100));
+        EXPECT_EQ (box->okButton.getBounds(), juce::Rectangle<int> (890, 383, 60, 24));
+        EXPECT_EQ (box->cancelButton.getBounds(), juce::Rectangle<int> (802, 383, 60, 24));
+
+        // The panel under it takes no click while it is open.
+        const int cutoff = knob (32).currentValue;
+        drag (centreOf (knob (32)), centreOf (knob (32)) + juce::Point<float> (0.0f, -30.0f));
+        EXPECT_EQ (knob (32).currentValue, cutoff);
+
+        click (centreOf (ok ? box->okButton : box->cancelButton));
+        EXPECT_EQ (main().messageBox, nullptr) << (ok ? "OK" : "CANCEL");
+        EXPECT_FALSE (main().messageShown);
+        EXPECT_TRUE (nothingModal());
+    }
+}
+
+TEST_F (Boxes, SplashClosesItselfOrAtAClick)
+{
+    for (const bool byClick : { false, true })
+    {
+        SCOPED_TRACE (byClick ? "click" : "timer");
+        state().splashShown = false;
+        const double opened = juce::Time::getMillisecondCounterHiRes();
+        openEditor();
+        auto* splash = main().aboutPanel.get();
+        ASSERT_NE (splash, nullptr);
+        EXPECT_TRUE (splash->selfClosing && splash->isAlwaysOnTop());
+
+        if (byClick)
+            click ({ 5.0f, 200.0f });
+        else
+            ASSERT_TRUE (pumpUntil ([this] { return main().aboutPanel == nullptr; }, 4000));
+        const double closed = juce::Time::getMillisecondCounterHiRes();
+
+        EXPECT_EQ (main().aboutPanel, nullptr);
+        EXPECT_TRUE (nothingModal());
+        // The timer's first period may start a little early on the timer thread's clock.
+        EXPECT_TRUE (byClick ? closed - opened < 1000.0 : closed - opened >= 1400.0) << closed - opened;
+        closeEditor();
+    }
+}
+
+//==============================================================================
+namespace
+{
+struct Heard : juce::ChangeListener
+{
+    explicit Heard (juce::ChangeBroadcaster& b) : source (b) { source.addChangeListener (this); }
+    ~Heard() override { source.removeChangeListener (this); }
+    void changeListenerCallback (juce::ChangeBroadcaster*) override { ++count; }
+    int take() { return source.dispatchPendingMessages(), std::exchange (count, 0); }
+
+    juce::ChangeBroadcaster& source;
+    int count = 0;
+};
+
+juce::MouseEvent at (juce::Component& c, float x)
+{
+    const auto now = juce::Time::getCurrentTime();
+    return { juce::Desktop::getInstance().getMainMouseSource(), { x, 9.0f }, {}, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f,
+             &c, &c, now, { x, 9.0f }, now, 1, false };
+}
+} // namespace
+
+TEST (RateSliderTest, HeldArrowStepsEvery100msUntilTheMouseComesUp)
+{
+    struct Case { float x; int direction; float start; float expected; };
+    for (const auto& c : { Case { 0.0f, -1, 10.0f, 7.0f }, Case { 17.0f, -1, 1.0f, 0.0f },
+                           Case { 183.0f, 1, 10.0f, 13.0f }, Case { 199.0f, 1, 999.0f, 1000.0f } })
+    {
+        SCOPED_TRACE (c.x);
+        RateSlider slider (1000.0f);
+        Heard heard (slider);
+        slider.setValue (c.start);
+        slider.mouseDown (at (slider, c.x));
+        EXPECT_TRUE (slider.isTimerRunning() && slider.getTimerInterval() == 100);
+        EXPECT_EQ (slider.direction, c.direction);
+        EXPECT_EQ (slider.value, c.start); // nothing moves before the first period
+
+        const double pressed = juce::Time::getMillisecondCounterHiRes();
+        ASSERT_TRUE (pumpUntil ([&] { return slider.value == c.expected; }, 2000));
+        const double elapsed = juce::Time::getMillisecondCounterHiRes() - pressed;
+        // The first period may start early on the timer thread's clock; those after it are whole.
+        EXPECT_GE (elapsed, 100.0 * (std::abs (c.expected - c.start) - 1.0f) - 10.0);
+        if (c.expected == 0.0f || c.expected == 1000.0f)
+        {
+            // Still held at an end: the value stays there.
+            pump (250);
+            EXPECT_EQ (slider.value, c.expected);
+        }
+        EXPECT_GT (heard.take(), 0);
+
+        slider.mouseUp (at (slider, c.x));
+        EXPECT_FALSE (slider.isTimerRunning() || slider.leftArrow || slider.rightArrow);
+        pump (250);
+        EXPECT_EQ (slider.value, c.expected);
+        EXPECT_EQ (heard.take(), 0);
+    }
+}
+
+TEST (RateSliderTest, ThumbDragTruncatesAndClampsAndWheelAndDoubleClickDoNothing)
+{
+    // 164 pixels of track for 82 steps: two pixels a step.
+    struct Case { float press; float to; float expected; int messages; };
+    for (const auto& c : { Case { 50.0f, 39.0f, 10.0f, 1 }, Case { 50.0f, 40.0f, 11.0f, 1 }, Case { 50.0f, 5.0f, 0.0f, 1 },
+                           Case { 50.0f, 400.0f, 82.0f, 1 }, Case { 5.0f, 100.0f, 40.0f, 0 } })
+    {
+        SCOPED_TRACE (juce::String (c.press) + " -> " + juce::String (c.to));
+        RateSlider slider (82.0f);
+        Heard heard (slider);
+        slider.setValue (40.0f);
+        slider.mouseDown (at (slider, c.press));
+        EXPECT_EQ (slider.thumb, c.messages == 1);
+        slider.mouseDrag (at (slider, c.to));
+        EXPECT_EQ (slider.value, c.expected);
+        EXPECT_EQ (heard.take(), c.messages);
+        slider.mouseUp (at (slider, c.to));
+        EXPECT_FALSE (slider.thumb || slider.leftArrow || slider.isTimerRunning());
+    }
+
+    RateSlider slider (1000.0f);
+    Heard heard (slider);
+    slider.setValue (2000.0f);
+    EXPECT_EQ (slider.value, 1000.0f);
+    slider.setValue (-3.0f);
+    EXPECT_EQ (slider.value, 0.0f);
+    juce::MouseWheelDetails wheel {};
+    wheel.deltaY = 1.0f;
+    slider.mouseWheelMove (at (slider, 100.0f), wheel);
+    slider.mouseDoubleClick (at (slider, 100.0f));
+    EXPECT_EQ (slider.value, 0.0f);
+    EXPECT_EQ (heard.take(), 0);
+    EXPECT_FALSE (slider.getWantsKeyboardFocus());
+}
