@@ -137,6 +137,11 @@ void AdvCont::SetInitial()
         c->setVisible (onThisPage && i != 16 && i != 104);
     }
 
+    filterEnvelope.setBounds (42, 59, 288, 107);
+    volumeEnvelope.setBounds (358, 59, 288, 107);
+    addAndMakeVisible (filterEnvelope);
+    addAndMakeVisible (volumeEnvelope);
+
     closeButton.InitializeMe (900, 17, 45, 14, false);
     addAndMakeVisible (closeButton);
 }

@@ -2,6 +2,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include "editor/Envelope.h"
 #include "editor/controls/IvrBut.h"
 #include "editor/controls/IvrCont.h"
 
@@ -25,6 +26,7 @@ public:
 
     juce::OwnedArray<IvrCont> controls;
     juce::Array<int> maxValues, minValues;
+    Envel filterEnvelope { 0 }, volumeEnvelope { 1 };
     IvrBut closeButton { "OK", 1111, 140 };
     juce::Image background;
 

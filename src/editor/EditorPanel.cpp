@@ -65,6 +65,8 @@ void EditorPanel::ScaleMe (float s)
 
     midiLed.setTopLeftPosition ((int) (864 * s), (int) (93 * s));
 
+    touchSurface.ScaleMe (s);
+
     // The caption row keeps its width of 241 and the cells their step at every scale.
     touchCaptions.setBounds ((int) (647 * s), (int) (406 * s), 241, (int) (14 * s));
     touchCaptions.setScale (s);

@@ -2,6 +2,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include "editor/TS_Class.h"
 #include "editor/controls/IvrCont.h"
 #include "editor/controls/IvrLabArr.h"
 #include "editor/controls/LCD_Comp.h"
@@ -34,6 +35,7 @@ public:
     float scale = 1.0f;
     LCD_Comp lcd;
     Midi_Led midiLed;
+    TS_Class touchSurface;
     IvrCont fineTune;
     IvrLabArr touchCaptions { juce::StringArray ("X: ", "Y: ", "A: ", "G: ") };
     juce::Image skin, woodLeft, woodRight;

@@ -40,6 +40,7 @@ void EditorPanel::SetInitial()
     addAndMakeVisible (lcd);
     midiLed.setBounds (864, 93, 8, 8);
     addAndMakeVisible (midiLed);
+    addAndMakeVisible (touchSurface);
     touchCaptions.setBounds (647, 406, 241, 14);
     addAndMakeVisible (touchCaptions);
 }

@@ -15,6 +15,17 @@
 void MainComp::UpdateContAct (IvrCont* control, int value)
 {
     control->ValueChanged (value, ParDes::SndParDes (control->description, value));
+
+    // The envelopes' curves follow their knobs, with the value the knob took.
+    if (control->id < 37 || control->id > 44)
+        return;
+
+    const int stage = (control->id - 37) % 4;
+    auto& envelope = control->id < 41 ? advancedPanel->filterEnvelope : advancedPanel->volumeEnvelope;
+    float* fields[] = { &envelope.attack, &envelope.decay, &envelope.sustain, &envelope.release };
+    *fields[stage] = (float) control->currentValue;
+    envelope.PaintMeP();
+    envelope.repaint();
 }
 
 void MainComp::Display_Program()
@@ -34,6 +45,8 @@ void MainComp::Display_Program()
     const int tsWords[] = { 83, 87, 91, 94 };
     for (int i = 0; i < 4; ++i)
         state->tsCtrl[(size_t) i] = words.size() < 84 ? 0 : word (tsWords[i]);
+    editorPanel->touchSurface.xController = state->tsCtrl[0];
+    editorPanel->touchSurface.yController = state->tsCtrl[1];
 
     for (int i = 17; i <= 45; ++i)
         refresh (editorPanel->control (i), word (i) >> 8);
@@ -41,6 +54,20 @@ void MainComp::Display_Program()
         refresh (editorPanel->control (i), word (i));
     for (int i = 0; i <= 15; ++i)
         refresh (advancedPanel->control (i), word (i));
+    // The filter curve's sustain is word 29, not the knob's 39: after a refresh the two may differ
+    // until either is moved.
+    const auto showEnvelope = [&word] (Envel& envelope, std::array<int, 4> source)
+    {
+        envelope.attack = (float) (word (source[0]) >> 8);
+        envelope.decay = (float) (word (source[1]) >> 8);
+        envelope.sustain = (float) (word (source[2]) >> 8);
+        envelope.release = (float) (word (source[3]) >> 8);
+        envelope.PaintMeP();
+        envelope.repaint();
+    };
+    showEnvelope (advancedPanel->filterEnvelope, { 37, 38, 29, 40 });
+    showEnvelope (advancedPanel->volumeEnvelope, { 41, 42, 43, 44 });
+
     for (int i = 69; i <= 113; ++i)
         refresh (advancedPanel->control (i), word (i));
 
@@ -101,6 +128,11 @@ void MainComp::Update_From_State (unsigned int code)
                 {
                     editorPanel->touchCaptions.CaptionNum (value, i);
                     state->tsValue[(size_t) i] = value;
+                    if (i < 2)
+                    {
+                        editorPanel->touchSurface.cursorShown = true;
+                        editorPanel->touchSurface.Set_TS_XY (i == 0 ? value : -1, i == 1 ? value : -1);
+                    }
                     break;
                 }
             }
@@ -130,6 +162,11 @@ void MainComp::Update_From_State (unsigned int code)
                 else
                     editorPanel->touchCaptions.CaptionNum (value, parameter - 69);
                 state->tsValue[(size_t) (parameter - 69)] = value;
+                if (parameter <= 70)
+                {
+                    editorPanel->touchSurface.cursorShown = true;
+                    editorPanel->touchSurface.Set_TS_XY (parameter == 69 ? value : -1, parameter == 70 ? value : -1);
+                }
             }
             break;
         }

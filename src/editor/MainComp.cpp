@@ -127,6 +127,10 @@ void MainComp::listenToControls()
             advancedPanel->control (i)->addChangeListener (this);
 
     editorPanel->lcd.addChangeListener (this);
+    advancedPanel->filterEnvelope.addChangeListener (this);
+    advancedPanel->volumeEnvelope.addChangeListener (this);
+    editorPanel->touchSurface.xControl.addChangeListener (this);
+    editorPanel->touchSurface.yControl.addChangeListener (this);
 
     for (juce::ChangeBroadcaster* part : std::initializer_list<juce::ChangeBroadcaster*> {
              &keyboard->pianoPad, &keyboard->modWheel, &keyboard->pitchWheel, &keyboard->release, &keyboard->glide, &keyboard->velocity })
@@ -221,6 +225,15 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
             return IvrContAct (keyboard->control (parameter));
     if (source == &keyboard->velocity)
         return NoteVel_playing (&keyboard->velocity);
+
+    for (auto* envelope : { &advancedPanel->filterEnvelope, &advancedPanel->volumeEnvelope })
+        if (source == envelope)
+            return IvrEnvAct (envelope);
+    auto& touch = editorPanel->touchSurface;
+    if (source == &touch.xControl)
+        return IvrContTouch (0, touch.xControl.requestedValue, touch.xControl.action);
+    if (source == &touch.yControl)
+        return IvrContTouch (1, touch.yControl.requestedValue, touch.yControl.action);
 
     for (auto* button : appBar->buttons)
     {

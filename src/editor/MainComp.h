@@ -13,6 +13,7 @@ class AppBar;
 class AutoBank;
 class BankComp;
 class EditorPanel;
+class Envel;
 class FileMan;
 class IvrCont;
 class KeyBrd;
@@ -62,6 +63,10 @@ public:
     void changeListenerCallback (juce::ChangeBroadcaster* source) override;
     void IvrContAct (IvrCont* control);
     void IvrContAdv (IvrCont* control);
+    // A touch-surface value to the host only: `which` 0 is X, 1 is Y.
+    void IvrContTouch (int which, int value, int action);
+    // An envelope drag handed to the panel's knobs, which send it as any turn of theirs.
+    void IvrEnvAct (Envel* envelope);
     void IvrLabAct (int code);
     void IvrButAct (int id);
     void AppTimerCallback();

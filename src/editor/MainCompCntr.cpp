@@ -3,6 +3,10 @@
 #include "editor/MainComp.h"
 
 #include "device/MidiCntrState.h"
+#include "editor/AdvCont.h"
+#include "editor/EditorPanel.h"
+#include "editor/Envelope.h"
+#include "plugin/HandlerComp.h"
 #include "editor/controls/IvrCont.h"
 #include "sound/AutoBank.h"
 
@@ -76,6 +80,35 @@ void MainComp::IvrContAdv (IvrCont* control)
                                 store (safe, value);
                             }
                         });
+    }
+}
+
+void MainComp::IvrContTouch (int which, int value, int action)
+{
+    // The host gets the value and hands it to the instrument on the program's own controller.
+    if (action != IvrCont::actionStep || which < 0 || which > 1)
+        return;
+
+    const int hostIndex = state->soundToHost[69 + which];
+    state->handler->SendParam (hostIndex, (float) value / (float) state->paramMax[hostIndex]);
+}
+
+void MainComp::IvrEnvAct (Envel* envelope)
+{
+    if (envelope->action != 1)
+        return;
+
+    const int firstKnob = envelope->which == 0 ? 37 : 41;
+    const float values[] = { envelope->attack, envelope->decay, envelope->sustain, envelope->release };
+    for (int i = 0; i < 4; ++i)
+    {
+        auto* knob = editorPanel->control (firstKnob + i);
+        knob->requestedValue = juce::jlimit (knob->minimum, knob->maximum, (int) values[i]);
+        if (knob->requestedValue != knob->currentValue)
+        {
+            knob->action = IvrCont::actionStep;
+            knob->sendChangeMessage();
+        }
     }
 }
 
