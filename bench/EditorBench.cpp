@@ -1,4 +1,5 @@
 #include "device/InProcessMidiBackend.h"
+#include "editor/AdvCont.h"
 #include "editor/KeyBrd.h"
 #include "editor/MainComp.h"
 #include "plugin/PluginEditor.h"
@@ -86,6 +87,27 @@ static void BM_KeyboardRepaint (benchmark::State& run)
     }
 }
 BENCHMARK (BM_KeyboardRepaint)->Arg (1505)->Arg (978)->Unit (benchmark::kMillisecond);
+
+// One full repaint of the advanced page at a given editor width, with both envelope curves drawn
+// afresh each time, as during a drag.
+static void BM_AdvancedRepaint (benchmark::State& run)
+{
+    auto editor = openEditor ((int) run.range (0));
+    auto* main = dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp();
+    main->Show_Window (106, true, 0);
+    auto& page = *main->advancedPanel;
+
+    juce::Image image (juce::Image::ARGB, page.getWidth(), page.getHeight(), true);
+    for (auto _ : run)
+    {
+        page.filterEnvelope.repaint();
+        page.volumeEnvelope.repaint();
+        juce::Graphics g (image);
+        page.paintEntireComponent (g, true);
+        benchmark::DoNotOptimize (image.getPixelAt (100, 100));
+    }
+}
+BENCHMARK (BM_AdvancedRepaint)->Arg (1505)->Arg (978)->Unit (benchmark::kMillisecond);
 
 // Rewriting every control from the edit buffer.
 static void BM_DisplayProgram (benchmark::State& run)
