@@ -1,6 +1,6 @@
 // Renders the editor into PNG files, as a musician sees it at the given widths:
-//   render-editor DIR [WIDTH...]   (default widths 1505 and 978)
-// writes DIR/editor-WIDTH.png. Runs with a settings folder of its own, so that no user file is read
+//   render-editor DIR [--advanced] [WIDTH...]   (default widths 1505 and 978)
+// writes DIR/editor-WIDTH.png, or with --advanced the advanced page, DIR/editor-advanced-WIDTH.png. Runs with a settings folder of its own, so that no user file is read
 // or written, and with no MIDI port open.
 
 #include "device/InProcessMidiBackend.h"
@@ -14,7 +14,7 @@ int main (int argc, char** argv)
 {
     if (argc < 2)
     {
-        std::cerr << "usage: render-editor DIR [WIDTH...]" << std::endl;
+        std::cerr << "usage: render-editor DIR [--advanced] [WIDTH...]" << std::endl;
         return 2;
     }
 
@@ -27,8 +27,14 @@ int main (int argc, char** argv)
     }
 
     juce::Array<int> widths;
+    bool advanced = false;
     for (int i = 2; i < argc; ++i)
-        widths.add (juce::jlimit (301, 1505, juce::String (argv[i]).getIntValue()));
+    {
+        if (juce::String (argv[i]) == "--advanced")
+            advanced = true;
+        else
+            widths.add (juce::jlimit (301, 1505, juce::String (argv[i]).getIntValue()));
+    }
     if (widths.isEmpty())
         widths = { 1505, 978 };
 
@@ -45,8 +51,10 @@ int main (int argc, char** argv)
             processor.editorWidth = width;
             processor.editorHeight = (int) (width * 739.0 / 1505.0);
             std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
+            if (advanced)
+                dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp()->Show_Window (106, true, 0);
             const auto image = editor->createComponentSnapshot (editor->getLocalBounds());
-            const auto file = dir.getChildFile ("editor-" + juce::String (width) + ".png");
+            const auto file = dir.getChildFile ((advanced ? "editor-advanced-" : "editor-") + juce::String (width) + ".png");
             file.deleteFile();
             juce::FileOutputStream out (file);
             if (! out.openedOk() || ! juce::PNGImageFormat().writeImageToStream (image, out))
