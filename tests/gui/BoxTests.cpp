@@ -61,6 +61,7 @@ TEST_F (Boxes, HostStoresEditBufferOverChosenProgramAndCancelChangesNothing)
         auto* box = main().updateHostBox.get();
         ASSERT_NE (box, nullptr);
         EXPECT_TRUE (box->isCurrentlyModal() && box->isAlwaysOnTop() && state().updateHostActive);
+        EXPECT_FALSE (box->getWantsKeyboardFocus() || box->okButton.getWantsKeyboardFocus());
         EXPECT_EQ (box->label.getText(), "2: " + state().editBuffer->get_ProgramName (2));
 
         // The host's program list moves the slot; the instrument keeps its sound.
@@ -93,11 +94,13 @@ TEST_F (Boxes, HostStoresEditBufferOverChosenProgramAndCancelChangesNothing)
     }
 }
 
-TEST_F (Boxes, ClosingTheEditorEndsTheUpdateHostBox)
+TEST_F (Boxes, ClosingTheEditorEndsTheOpenBoxes)
 {
     openReady();
     click (centreOf (hostButton()));
-    ASSERT_NE (main().updateHostBox, nullptr);
+    main().showMSG (true, true, 0, "Receiving");
+    ASSERT_TRUE (main().updateHostBox != nullptr && main().messageBox != nullptr);
+    EXPECT_EQ (juce::ModalComponentManager::getInstance()->getNumModalComponents(), 2);
     closeEditor();
     EXPECT_FALSE (state().updateHostActive);
     EXPECT_TRUE (nothingModal());
@@ -112,6 +115,7 @@ TEST_F (Boxes, MessageBoxIsModalAndEitherButtonClosesIt)
         auto* box = main().messageBox.get();
         ASSERT_NE (box, nullptr);
         EXPECT_TRUE (main().messageShown && box->isCurrentlyModal());
+        EXPECT_FALSE (box->getWantsKeyboardFocus() || box->cancelButton.getWantsKeyboardFocus());
         EXPECT_EQ (box->label.getText(), "Bank received");
         EXPECT_EQ (box->box, juce::Rectangle<int> (522, 319, 460, 100));
         EXPECT_EQ (box->okButton.getBounds(), juce::Rectangle<int> (890, 383, 60, 24));
