@@ -438,6 +438,8 @@ TEST (ControlKit, ButtonAndLampPaintFollowState)
     SwitchLED led;
     check.setSize (60, 15);
     led.setSize (60, 18);
+    // Without their pictures they draw nothing.
+    check.imageDown = check.imageOn = check.imageOff = led.led = juce::Image();
     EXPECT_TRUE (blank (render (check)) && blank (render (led)));
     check.imageOn = led.led = strip (28, 11);
     check.imageOff = strip (40, 11).getClippedImage ({ 20, 0, 20, 11 });
