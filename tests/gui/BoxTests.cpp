@@ -153,8 +153,10 @@ TEST_F (Boxes, SplashClosesItselfOrAtAClick)
 
         EXPECT_EQ (main().aboutPanel, nullptr);
         EXPECT_TRUE (nothingModal());
-        // The timer's first period may start a little early on the timer thread's clock.
-        EXPECT_TRUE (byClick ? closed - opened < 1000.0 : closed - opened >= 1400.0) << closed - opened;
+        // The timer's first period may start a little early on the timer thread's clock. A click
+        // closes it in the turn of the loop that delivers it, which the check above shows.
+        if (! byClick)
+            EXPECT_GE (closed - opened, 1400.0);
         closeEditor();
     }
 }
