@@ -1,5 +1,7 @@
 #include "editor/MsgCont.h"
 
+#include "editor/controls/BoxFrame.h"
+
 MsgCont::MsgCont (const juce::String& text)
 {
     setWantsKeyboardFocus (false);
@@ -32,10 +34,5 @@ void MsgCont::resized()
 
 void MsgCont::paint (juce::Graphics& g)
 {
-    g.fillAll (juce::Colour (0x55000000));
-    juce::DropShadow (juce::Colour (0xaa000000), 10, { 10, 10 }).drawForRectangle (g, box);
-    g.setColour (juce::Colours::black);
-    g.fillRect (box);
-    g.setColour (juce::Colour (0xff777777));
-    g.drawRect (box);
+    BoxFrame::paint (g, getLocalBounds(), box);
 }

@@ -1,5 +1,7 @@
 #include "editor/UpdHostCont.h"
 
+#include "editor/controls/BoxFrame.h"
+
 namespace
 {
 juce::Font arial18() { return juce::Font ("Arial", 18.0f, juce::Font::plain); }
@@ -43,12 +45,7 @@ void UpdHostCont::resized()
 
 void UpdHostCont::paint (juce::Graphics& g)
 {
-    g.fillAll (juce::Colour (0x55000000));
-    juce::DropShadow (juce::Colour (0xaa000000), 10, { 10, 10 }).drawForRectangle (g, box);
-    g.setColour (juce::Colours::black);
-    g.fillRect (box);
-    g.setColour (juce::Colour (0xff777777));
-    g.drawRect (box);
+    BoxFrame::paint (g, getLocalBounds(), box);
 
     g.setFont (arial18());
     g.setColour (juce::Colour (0xfffcf5f5));
