@@ -105,9 +105,9 @@ void AdvCont::LoadMinMax()
 
     for (int i = 0; i < numControls; ++i)
     {
-        const auto& spec = *ControlTable::advanced (i);
-        maxValues.add (spec.maximum);
-        minValues.add (spec.minimum);
+        const auto& entry = *ControlTable::advanced (i);
+        maxValues.add (entry.maximum);
+        minValues.add (entry.minimum);
     }
     minValues.add (0);
 }
@@ -116,23 +116,23 @@ void AdvCont::SetInitial()
 {
     for (int i = 0; i < numControls; ++i)
     {
-        const auto& spec = *ControlTable::advanced (i);
+        const auto& entry = *ControlTable::advanced (i);
         auto* c = controls.add (new IvrCont());
         const bool onThisPage = i < 17 || i > 66;
 
         if (i >= 17 && i <= 19)
             c->setRange (0, 255);
 
-        if (spec.width > 0)
+        if (entry.width > 0)
         {
-            c->setDesignRect ((float) spec.x, (float) spec.y, (float) spec.width, (float) spec.height);
-            c->setTextBox (spec.width, spec.height);
+            c->setDesignRect ((float) entry.x, (float) entry.y, (float) entry.width, (float) entry.height);
+            c->setTextBox (entry.width, entry.height);
         }
 
         if (onThisPage)
             c->setRange (minValues[i], maxValues[i]);
 
-        c->InitializeMe (i, spec.label, onThisPage ? spec.kind : 0, spec.displayCode);
+        c->InitializeMe (i, entry.label, onThisPage ? entry.kind : 0, entry.displayCode);
         addChildComponent (c);
         c->setVisible (onThisPage && i != 16 && i != 104);
     }

@@ -4,7 +4,7 @@
 
 namespace
 {
-struct ButtonSpec
+struct BarButton
 {
     const char* label;
     int id;
@@ -15,7 +15,7 @@ struct ButtonSpec
 };
 
 // The bar's buttons, left to right; the lock LED comes first and is made apart.
-const ButtonSpec barButtons[] = {
+const BarButton barButtons[] = {
     { "BANK",     99,  80,  50, 0xffffffff, "Show Corvane preset banks" },
     { "FILE",     75,  138, 50, 0xffffffff, "" },
     { "EDIT",     73,  191, 50, 0xffffffff, "" },
@@ -48,13 +48,13 @@ void AppBar::createControls (juce::ChangeListener* listener)
     lockButton->toggleState = locked;
     lockButton->setTooltip ("Lock tool bar controls");
 
-    for (const auto& spec : barButtons)
+    for (const auto& entry : barButtons)
     {
-        auto* button = buttons.add (new IvrBut (spec.label, spec.id, 90));
-        button->InitializeMe (spec.x, 5, spec.width, 14, false);
-        button->textColour = juce::Colour (spec.textColour);
-        if (*spec.tooltip != 0)
-            button->setTooltip (spec.tooltip);
+        auto* button = buttons.add (new IvrBut (entry.label, entry.id, 90));
+        button->InitializeMe (entry.x, 5, entry.width, 14, false);
+        button->textColour = juce::Colour (entry.textColour);
+        if (*entry.tooltip != 0)
+            button->setTooltip (entry.tooltip);
     }
 
     // Made and kept, but given no place: it never shows.

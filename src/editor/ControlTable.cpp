@@ -4,7 +4,7 @@
 
 namespace
 {
-const ControlSpec panelControls[] = {
+const ControlEntry panelControls[] = {
     // 17 to 45: continuous, the high byte of their word
     { "LFO Rate",        3, 17, 0, 255, 49,   66,  66, 66 },
     { "Glide Rate",      5, 17, 0, 255, 60,   366, 44, 55 },
@@ -60,7 +60,7 @@ const ControlSpec panelControls[] = {
     { "Env KB Gate",      111, 66, 0, 1, 1286, 382, 70, 44 },
 };
 
-const ControlSpec advancedControls[] = {
+const ControlEntry advancedControls[] = {
     { "Pot Map 1 Src",   100, 0,  0, 39, 354, 213, 127, 18 },
     { "Pot Map 1 Dst",   100, 0,  0, 39, 354, 253, 127, 18 },
     { "Pot Map 1 dir",   200, 82, 0, 1,  354, 278, 60, 16 },
@@ -184,7 +184,7 @@ static_assert (std::size (panelControls) == 50);
 static_assert (std::size (advancedControls) == 114);
 } // namespace
 
-const ControlSpec* ControlTable::panel (int parameter)
+const ControlEntry* ControlTable::panel (int parameter)
 {
     if (parameter >= 17 && parameter < numPanelControls)
         return &panelControls[parameter - 17];
@@ -193,7 +193,7 @@ const ControlSpec* ControlTable::panel (int parameter)
     return nullptr;
 }
 
-const ControlSpec* ControlTable::advanced (int parameter)
+const ControlEntry* ControlTable::advanced (int parameter)
 {
     return parameter >= 0 && parameter < numAdvancedControls ? &advancedControls[parameter] : nullptr;
 }

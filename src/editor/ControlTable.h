@@ -2,7 +2,7 @@
 
 // Which control edits which sound parameter, with its label, kind, display code, range and place in
 // design pixels. The position in each table is the parameter number: control k edits parameter k.
-struct ControlSpec
+struct ControlEntry
 {
     const char* label;
     int kind;
@@ -17,9 +17,9 @@ struct ControlTable
 {
     // The instrument panel's controls 17 to 66 (indices below 17 read the advanced table's labels
     // and codes); null outside.
-    static const ControlSpec* panel (int parameter);
+    static const ControlEntry* panel (int parameter);
     // The advanced page's controls 0 to 113; null outside.
-    static const ControlSpec* advanced (int parameter);
+    static const ControlEntry* advanced (int parameter);
 
     static constexpr int numPanelControls = 67;
     static constexpr int numAdvancedControls = 114;

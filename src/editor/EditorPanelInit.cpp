@@ -7,22 +7,22 @@ void EditorPanel::SetInitial()
 {
     for (int i = 0; i < numControls; ++i)
     {
-        const auto& spec = *ControlTable::panel (i);
+        const auto& entry = *ControlTable::panel (i);
         auto* c = controls.add (new IvrCont());
 
         // 0 to 16 exist only so that the array is indexed by parameter: unseen, unranged, unplaced.
         if (i < 17)
         {
-            c->InitializeMe (i, spec.label, 0, spec.displayCode);
+            c->InitializeMe (i, entry.label, 0, entry.displayCode);
             addChildComponent (c);
             continue;
         }
 
-        c->setRange (spec.minimum, spec.maximum);
-        c->setDesignRect ((float) spec.x, (float) spec.y, (float) spec.width, (float) spec.height);
-        c->setTextBox (spec.width, spec.height);
+        c->setRange (entry.minimum, entry.maximum);
+        c->setDesignRect ((float) entry.x, (float) entry.y, (float) entry.width, (float) entry.height);
+        c->setTextBox (entry.width, entry.height);
         c->highByte = i <= 45;
-        c->InitializeMe (i, spec.label, spec.kind, spec.displayCode);
+        c->InitializeMe (i, entry.label, entry.kind, entry.displayCode);
         if (i >= 37 && i <= 44)
             c->group = i <= 40 ? 1 : 2;
         addAndMakeVisible (c);

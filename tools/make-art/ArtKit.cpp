@@ -195,9 +195,9 @@ void led (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour hue, bool li
     g.setGradientFill (body);
     g.fillEllipse (r);
 
-    juce::ColourGradient spec (juce::Colours::white.withAlpha (lit ? 0.85f : 0.35f), c.x - r.getWidth() * 0.18f, c.y - r.getHeight() * 0.22f,
+    juce::ColourGradient gloss (juce::Colours::white.withAlpha (lit ? 0.85f : 0.35f), c.x - r.getWidth() * 0.18f, c.y - r.getHeight() * 0.22f,
                                juce::Colours::transparentWhite, c.x - r.getWidth() * 0.18f + r.getWidth() * 0.3f, c.y - r.getHeight() * 0.22f, true);
-    g.setGradientFill (spec);
+    g.setGradientFill (gloss);
     g.fillEllipse (r.reduced (r.getWidth() * 0.12f).translated (-r.getWidth() * 0.08f, -r.getHeight() * 0.1f));
 }
 
