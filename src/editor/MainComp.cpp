@@ -12,7 +12,6 @@
 #include "librarian/BankComp.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
-#include "sound/ParDes.h"
 
 MainComp::MainComp (MidiCntrState* controllerState) : state (controllerState)
 {
@@ -54,7 +53,6 @@ MainComp::~MainComp()
     messageBox.reset();
     updateHostBox.reset();
     copyBuffer.reset();
-    parDes.reset();
 }
 
 void MainComp::Constuct()
@@ -63,8 +61,6 @@ void MainComp::Constuct()
     state->transferTimerOn = false;
 
     buildAppBar();
-
-    parDes = std::make_unique<ParDes>();
 
     bankPanel = std::make_unique<BankComp>();
     bankPanel->setSize (500, 444);

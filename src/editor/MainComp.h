@@ -19,7 +19,6 @@ class IvrCont;
 class KeyBrd;
 class MidiCntrState;
 class MsgCont;
-class ParDes;
 class ProgBar;
 class UpdHostCont;
 
@@ -113,7 +112,6 @@ public:
     // Fields, by role.
     MidiCntrState* state = nullptr;
     juce::TooltipWindow tooltipWindow { this };
-    std::unique_ptr<ParDes> parDes;
     std::unique_ptr<BankComp> bankPanel;
     bool bankPanelShown = false;
     std::unique_ptr<EditorPanel> editorPanel;
