@@ -132,7 +132,7 @@ public:
     void SavePortStrings();
 
     //==============================================================================
-    // Fields, in their historic order.
+    // Fields.
 
     std::unique_ptr<MIDI_PORTS_Control> portControl;
     juce::StringArray portNames;
@@ -166,8 +166,9 @@ public:
     std::atomic<bool> bankDumpActive { false };
     std::atomic<int> transferKind { -1 };
     int transferStep = 0;
-    int transferProgram = 0;
-    int transferBank = 0;
+    // The cursors of a transfer: a bank receive moves them on the MIDI input thread.
+    std::atomic<int> transferProgram { 0 };
+    std::atomic<int> transferBank { 0 };
     bool transferTimerOn = false;
 
     juce::StringArray iniStrings;

@@ -69,7 +69,7 @@ void MidiCntrState::SavePortStrings()
     {
         for (const auto c : portNames[i])
         {
-            const auto byte = (juce::uint8) (c & 0xFF); // one byte a character, as the file has always held
+            const auto byte = (juce::uint8) (c & 0xFF); // one byte a character, as the file holds them
             data.append (&byte, 1);
         }
         data.append (&markers[i], 1);

@@ -9,6 +9,7 @@
 #include "editor/EditorPanel.h"
 #include "editor/KeyBrd.h"
 #include "editor/ProgBar.h"
+#include "librarian/BankComp.h"
 #include "sound/AutoBank.h"
 #include "sound/ParDes.h"
 
@@ -176,6 +177,7 @@ void MainComp::Update_From_State (unsigned int code)
         case 19: appBar->setStatus ("OFF-LINE"); break;
         case 20: editorPanel->midiLed.flash(); break;
         case 22: hideProgressBar(); break;
+        case 25: Set_Bank_PRG (bankPanel->shownMode, bankPanel->shownValue); break;
 
         case 23: // a program of a bank receive
             if (progressBar != nullptr)

@@ -10,6 +10,7 @@
 #include "editor/ProgBar.h"
 #include "editor/UpdHostCont.h"
 #include "librarian/BankComp.h"
+#include "librarian/WriteSnd.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
 
@@ -28,12 +29,14 @@ MainComp::~MainComp()
     cancelPendingUpdate();
     stopTimer();
 
+    // A transfer ends with its progress bar, as a cancel ends it: the instrument returns to its place
+    // and a bank receive stops asking for programs.
+    if (progressBar != nullptr)
+        hideProgressBar();
     if (appBar != nullptr)
         appBar->stopTimer();
     if (aboutPanel != nullptr)
         aboutPanel->exitModalState (0);
-    if (progressBar != nullptr)
-        progressBar->exitModalState (0);
     if (messageBox != nullptr)
         messageBox->exitModalState (0);
     if (updateHostBox != nullptr)
@@ -49,6 +52,7 @@ MainComp::~MainComp()
     appBar.reset();
     aboutPanel.reset();
     fileManager.reset();
+    writeDialog.reset();
     progressBar.reset();
     messageBox.reset();
     updateHostBox.reset();
@@ -66,6 +70,7 @@ void MainComp::Constuct()
     bankPanel->setSize (500, 444);
     addChildComponent (*bankPanel);
     bankPanel->addChangeListener (this);
+    bankPanel->grid.addChangeListener (this);
 
     fileManager = std::make_unique<FileMan>();
     addChildComponent (*fileManager);
@@ -194,7 +199,8 @@ void MainComp::ResizePanels()
     }
 
     for (auto* box : { (juce::Component*) aboutPanel.get(), (juce::Component*) progressBar.get(),
-                       (juce::Component*) messageBox.get(), (juce::Component*) updateHostBox.get() })
+                       (juce::Component*) messageBox.get(), (juce::Component*) updateHostBox.get(),
+                       (juce::Component*) writeDialog.get() })
         if (box != nullptr)
             box->setSize (getWidth(), getHeight());
 }
@@ -261,6 +267,20 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
 
     if (progressBar != nullptr && source == &progressBar->cancelButton)
         return hideProgressBar();
+
+    if (bankPanelShown)
+    {
+        if (source == &bankPanel->grid)
+            return IvrBankAct (&bankPanel->grid);
+        if (source == bankPanel.get())
+            return bankPanelAct();
+    }
+
+    if (writeDialog != nullptr)
+        for (auto* part : std::initializer_list<juce::ChangeBroadcaster*> { writeDialog.get(), &writeDialog->okButton,
+                                                                            &writeDialog->cancelButton, &writeDialog->lcd })
+            if (source == part)
+                return writeDialogAct (source);
 
     if (messageBox != nullptr && (source == &messageBox->okButton || source == &messageBox->cancelButton))
         return MSG_Action();

@@ -16,11 +16,13 @@ class EditorPanel;
 class Envel;
 class FileMan;
 class IvrCont;
+class IvrGrid;
 class KeyBrd;
 class MidiCntrState;
 class MsgCont;
 class ProgBar;
 class UpdHostCont;
+class WriteSnd;
 
 // The root of the editor: owns the tool-bar, the panels and the boxes, and is the one place where
 // every control reports what the user did. It holds no sound of its own; the values live in the
@@ -91,9 +93,38 @@ public:
     //==============================================================================
     // Programs to the instrument (MainCompFun.cpp, MainCompExcl.cpp)
     void SEND_PROGRAM (bool toBank, int bank, int program, juce::Array<unsigned short> parameters, bool display);
+    // Stores the working program under `name` and `category` at `program` of `bank`, and sends it.
+    void WriteProgram (juce::String name, int category, int bank, int program);
     void TransmitBuffer();
     void PasteBuffer();
     void hideProgressBar();
+
+    //==============================================================================
+    // Bank transfers (MainCompExcl.cpp, MainCompFun.cpp). `startTransfer` begins what the "MIDI"
+    // menu chose: kind 0 receive `bank`, 50 receive all banks, 100 transmit `bank`, 150 transmit all
+    // banks (then `bank` is 0). A transmission sends one program per tick of the tool-bar's timer.
+    void startTransfer (int kind, int bank);
+    void Transmit_Program_From_Bank (int bank, int program);
+    // The period of a transmission's tick, in ms: 100 in the product.
+    int transferTickMs = 100;
+
+    //==============================================================================
+    // The bank window and the write dialog (MainCompFun.cpp). `Set_Bank_PRG` refreshes the grid's
+    // copies of the banks and lists by `mode` and `value` (Populate's arguments, recorded in the bank
+    // window); `Display_Bank_PRG` lists bank `bank`.
+    void Set_Bank_PRG (int mode, int value);
+    void Display_Bank_PRG (int bank);
+    static juce::String Category (int category);
+
+    //==============================================================================
+    // The bank window's menus and grid actions (MainCompPop.cpp).
+    void BankPopupFILE();
+    void BankPopupMIDI();
+    void BankPopupPresets();
+    // The 32 categories; what a choice does depends on `source`: 86 the bank window's filter, 87 and
+    // 88 the category of `program` of `bank`, 89 the write dialog's category, 90 its filter.
+    void CategoryPopup (int source, int bank, int program);
+    void IvrBankAct (IvrGrid* grid);
 
     //==============================================================================
     // The keyboard strip played (MainCompMM.cpp): the keys' notes, the wheels and the velocity.
@@ -120,6 +151,8 @@ public:
     std::unique_ptr<AppBar> appBar;
     std::unique_ptr<AboutPanel> aboutPanel;
     std::unique_ptr<FileMan> fileManager;
+    std::unique_ptr<WriteSnd> writeDialog;
+    bool writeDialogShown = false;
     std::unique_ptr<ProgBar> progressBar;
     std::unique_ptr<MsgCont> messageBox;
     std::unique_ptr<KeyBrd> keyboard;
@@ -142,6 +175,16 @@ private:
     void sendMenu();
     void startAutomationSender();
     void programMenu();
+    // The menu of a program of the bank grid: copy, paste, save, load, initialize.
+    void gridProgramMenu (int bank, int program);
+    // Builds the write dialog on the working program and the current place.
+    void openWriteDialog();
+    // Answers the write dialog's buttons, display clicks and filter.
+    void writeDialogAct (juce::ChangeBroadcaster* source);
+    // Answers the bank window's buttons by their action code.
+    void bankPanelAct();
+    // Set_Bank_PRG as the grid stands, its scroll position and selection kept where they still exist.
+    void refreshGridKeepingScroll();
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComp)
 };

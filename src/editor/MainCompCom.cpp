@@ -20,6 +20,7 @@ void MainComp::IvrButAct (int id)
         case 71:  state->Dump_Request (5, 0, 0); break;
         case 103: Show_Window (106, ! advancedShown, 0); break;
         case 968: Show_Window (102, ! aboutShown, 0); break;
+        case 969: Show_Window (100, ! writeDialogShown, 0); break;
         case 70:  TransmitBuffer(); break;
         case 72:  PasteBuffer(); break;
         case 967:
@@ -59,6 +60,12 @@ void MainComp::startAutomationSender()
 
 void MainComp::AppTimerCallback()
 {
+    if (state->transferStep == 100 || state->transferStep == 150)
+    {
+        Transmit_Program_From_Bank (state->transferBank, state->transferProgram);
+        ++state->transferProgram;
+        return;
+    }
     if (state->transferStep != 199)
         return;
 
@@ -92,8 +99,8 @@ void MainComp::AppTimerCallback()
             state->transferBank = 1;
             break;
         case 1:
-            if (juce::isPositiveAndBelow (state->transferProgram, count))
-                state->PARAMETER_CHANGE (sendParams[state->transferProgram], sendValues[state->transferProgram]);
+            if (const int entry = state->transferProgram; juce::isPositiveAndBelow (entry, count))
+                state->PARAMETER_CHANGE (sendParams[entry], sendValues[entry]);
             state->transferBank = 2;
             break;
         default:

@@ -7,6 +7,9 @@
 #include "editor/AppBar.h"
 #include "editor/EditorPanel.h"
 #include "editor/controls/DeskerLookAndFeel.h"
+#include "librarian/BankComp.h"
+#include "librarian/IvrGrid.h"
+#include "librarian/WriteSnd.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
 #include "sound/ParDes.h"
@@ -150,3 +153,64 @@ void MainComp::programMenu()
         state->PROGRAM_MESSAGE (state->bankNumber, state->programNumber, true, true);
     });
 }
+
+//==============================================================================
+// The bank window.
+
+void MainComp::bankPanelAct()
+{
+    switch (bankPanel->actionCode)
+    {
+        case BankComp::actionList:
+            if (bankPanel->mode == 0)
+                Set_Bank_PRG (0, bankPanel->value);
+            else if (bankPanel->mode == 1)
+                CategoryPopup (86, 0, 0);
+            break;
+        case BankComp::actionPresets:       BankPopupPresets(); break;
+        case BankComp::actionUseLoadedData: useLoadedData = bankPanel->useLoadedDataCheck.checked; break;
+        case BankComp::actionFile:          BankPopupFILE(); break;
+        case BankComp::actionMidi:          BankPopupMIDI(); break;
+        default:                            break;
+    }
+}
+
+namespace
+{
+void addBankItems (juce::PopupMenu& menu, int firstId, int count)
+{
+    for (int bank = 0; bank < count; ++bank)
+        menu.addItem (firstId + bank, "Bank " + juce::String::charToString ((juce::juce_wchar) (65 + bank)));
+}
+} // namespace
+
+void MainComp::BankPopupMIDI()
+{
+    const int userBanks = (int) state->banks.size() - 1;
+    juce::PopupMenu receive, transmit, menu;
+    addBankItems (receive, 1, userBanks);
+    addBankItems (transmit, 100, userBanks);
+    menu.addSubMenu ("Receive Program Bank ", receive);
+    menu.addItem (200, "Receive All Banks");
+    menu.addSeparator();
+    menu.addSubMenu ("Transmit Program Bank ", transmit);
+    menu.addItem (300, "Transmit All Banks");
+
+    showMenu (std::move (menu), &bankPanel->midiButton, [this] (int id)
+    {
+        if (id >= 1 && id <= 7)
+            startTransfer (0, id - 1);
+        else if (id == 200)
+            startTransfer (50, 0);
+        else if (id >= 100 && id <= 106)
+            startTransfer (100, id - 100);
+        else if (id == 300)
+            startTransfer (150, 0);
+    });
+}
+
+void MainComp::BankPopupFILE() {}
+void MainComp::BankPopupPresets() {}
+void MainComp::CategoryPopup (int, int, int) {}
+void MainComp::IvrBankAct (IvrGrid*) {}
+void MainComp::gridProgramMenu (int, int) {}

@@ -10,6 +10,7 @@
 #include "editor/MsgCont.h"
 #include "editor/UpdHostCont.h"
 #include "librarian/BankComp.h"
+#include "librarian/WriteSnd.h"
 #include "sound/AutoBank.h"
 
 void MainComp::Show_Window (int code, bool show, int extra)
@@ -44,11 +45,23 @@ void MainComp::Show_Window (int code, bool show, int extra)
             }
             break;
 
+        case 100:
+            writeDialogShown = show;
+            if (show)
+                openWriteDialog();
+            else if (writeDialog != nullptr)
+            {
+                writeDialog->setVisible (false);
+                writeDialog.reset();
+            }
+            break;
+
         case 103:
             bankPanelShown = show;
             if (show)
             {
                 bankPanel->useLoadedData = useLoadedData;
+                bankPanel->useLoadedDataCheck.checked = useLoadedData;
                 bankPanel->setVisible (true);
                 if (advancedShown)
                 {
@@ -62,6 +75,11 @@ void MainComp::Show_Window (int code, bool show, int extra)
                 bankPanel->setVisible (false);
             }
             ResizePanels();
+            if (show)
+            {
+                Set_Bank_PRG (0, state->bankNumber);
+                bankPanel->grid.showProgram (state->bankNumber, state->programNumber);
+            }
             break;
 
         case 105:
@@ -147,4 +165,22 @@ void MainComp::showUPHOST_Act (int slot)
     updateHostBox->setVisible (false);
     updateHostBox->exitModalState (0);
     updateHostBox.reset();
+}
+
+void MainComp::openWriteDialog()
+{
+    if (writeDialog != nullptr)
+        return;
+    writeDialog = std::make_unique<WriteSnd>();
+    addAndMakeVisible (*writeDialog);
+    writeDialog->setBounds (getLocalBounds());
+    writeDialog->setAlwaysOnTop (true);
+    for (auto* part : std::initializer_list<juce::ChangeBroadcaster*> { writeDialog.get(), &writeDialog->okButton,
+                                                                        &writeDialog->cancelButton, &writeDialog->lcd })
+        part->addChangeListener (this);
+    ResizePanels();
+}
+
+void MainComp::writeDialogAct (juce::ChangeBroadcaster*)
+{
 }

@@ -2,16 +2,48 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-// The bank window beside the instrument panel: 500 by 444, never scaled.
+#include "editor/controls/Check_But.h"
+#include "editor/controls/IvrBut.h"
+#include "librarian/IvrGrid.h"
+
+#include <memory>
+
+class LibComp;
+
+// The bank window beside the instrument panel: 500 by 444, never scaled. Its buttons choose what the
+// grid lists and open the bank menus; MainComp reads `actionCode` (and `mode`, `value`) after each
+// change message: 200 list (mode 0 a bank, mode 1 by category), 201 "PRESETS", 206 the check,
+// 890 "FILE", 891 "MIDI".
 class BankComp : public juce::Component,
-                 public juce::ChangeBroadcaster
+                 public juce::ChangeBroadcaster,
+                 public juce::ChangeListener
 {
 public:
     BankComp();
     ~BankComp() override;
 
     void paint (juce::Graphics& g) override;
+    void changeListenerCallback (juce::ChangeBroadcaster* source) override;
 
+    static constexpr int actionList = 200;
+    static constexpr int actionPresets = 201;
+    static constexpr int actionUseLoadedData = 206;
+    static constexpr int actionFile = 890;
+    static constexpr int actionMidi = 891;
+
+    IvrGrid grid;
+    juce::OwnedArray<IvrBut> bankButtons; // "BANK A" to "BANK G", "BANK H-XL": ids 0 to 7
+    IvrBut categoryButton;
+    IvrBut fileButton, midiButton, presetsButton, libraryButton;
+    Check_But useLoadedDataCheck;
+    std::unique_ptr<LibComp> library;
+
+    int actionCode = 0;
+    int mode = 0;
+    int value = 0;
+    // What the grid lists, as Set_Bank_PRG recorded it: the mode and value of its Populate.
+    int shownMode = 0;
+    int shownValue = 0;
     // Mirrors MainComp's "use loaded data".
     bool useLoadedData = false;
     juce::Image background;

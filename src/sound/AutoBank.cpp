@@ -174,11 +174,9 @@ void AutoBank::Initialize_Bank()
     juce::Array<unsigned short> words;
     UnPack_Patch_Tolk (initial, words);
 
-    setStoredProgram (0, words);
-    juce::MemoryBlock image (bankData.getData(), (size_t) programBytes);
-    bankData.reset();
+    // In place: other threads may be reading the store while it is initialised.
     for (int p = 0; p < numPrograms; ++p)
-        bankData.append (image.getData(), image.getSize());
+        setStoredProgram (p, words);
 
     if (patchData.size() < numParameters)
         patchData.resize (numParameters);
@@ -196,7 +194,7 @@ void AutoBank::PreloadFactoryData (int set, int bank)
 
     juce::MemoryBlock block (data, (size_t) size);
     // Bank b is the 128 records starting at record b: the stride is one
-    // record, which is how the factory menus have always addressed the sets.
+    // record, not one bank, which is how the factory menus address the sets.
     if (bank < 0 || size / patchFrameBytes <= bank)
         return;
 

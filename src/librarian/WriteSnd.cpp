@@ -1,0 +1,18 @@
+#include "librarian/WriteSnd.h"
+
+#include "librarian/RenameCnt.h"
+
+WriteSnd::WriteSnd()
+    : categoryButton ("Category", 8, 7)
+{
+}
+
+WriteSnd::~WriteSnd() = default;
+
+void WriteSnd::ChangeName (juce::String) {}
+
+void WriteSnd::paint (juce::Graphics&) {}
+
+void WriteSnd::resized() {}
+
+void WriteSnd::changeListenerCallback (juce::ChangeBroadcaster*) {}

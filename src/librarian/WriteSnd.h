@@ -1,0 +1,45 @@
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include "editor/controls/IvrBut.h"
+#include "editor/controls/LCD_Comp.h"
+#include "librarian/IvrGrid.h"
+
+#include <memory>
+
+class RenameCnt;
+
+// The write dialog: where to store the working program, under what name and category. The place,
+// the name (24 characters) and the category live in its display; MainComp reads them on "OK".
+class WriteSnd : public juce::Component,
+                 public juce::ChangeBroadcaster,
+                 public juce::ChangeListener
+{
+public:
+    WriteSnd();
+    ~WriteSnd() override;
+
+    // Opens the name editor with the two 12-character halves of `name`.
+    void ChangeName (juce::String name);
+
+    void paint (juce::Graphics& g) override;
+    void resized() override;
+    void changeListenerCallback (juce::ChangeBroadcaster* source) override;
+
+    // Action code after a change message of the dialog itself: the category filter was pressed.
+    static constexpr int actionCategoryFilter = 200;
+
+    juce::OwnedArray<IvrBut> bankButtons; // ids 0 to 7
+    IvrBut categoryButton;
+    IvrBut okButton { "OK", 1111, 140 };
+    IvrBut cancelButton { "Cancel", 1113, 140 };
+    IvrGrid grid;
+    LCD_Comp lcd;
+    std::unique_ptr<RenameCnt> renameBox;
+    int actionCode = 0;
+    juce::Image background;
+
+private:
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (WriteSnd)
+};
