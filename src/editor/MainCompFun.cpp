@@ -134,8 +134,7 @@ void MainComp::Set_Bank_PRG (int mode, int value)
         if (auto* store = state->banks[(size_t) bank]; store != nullptr && store->bankData.getSize() == (size_t) AutoBank::bankBytes)
             grid.copyBank (bank, *store);
 
-    bankPanel->shownMode = mode;
-    bankPanel->shownValue = value;
+    bankPanel->setListing (mode, value);
     grid.Populate (mode, value);
     grid.repaint();
 }

@@ -29,3 +29,9 @@ void BankComp::paint (juce::Graphics& g)
 }
 
 void BankComp::changeListenerCallback (juce::ChangeBroadcaster*) {}
+
+void BankComp::setListing (int newMode, int newValue)
+{
+    shownMode = newMode;
+    shownValue = newValue;
+}

@@ -25,6 +25,9 @@ public:
     void paint (juce::Graphics& g) override;
     void changeListenerCallback (juce::ChangeBroadcaster* source) override;
 
+    // Records what the grid lists (Populate's mode and value) and marks it on the buttons.
+    void setListing (int mode, int value);
+
     static constexpr int actionList = 200;
     static constexpr int actionPresets = 201;
     static constexpr int actionUseLoadedData = 206;

@@ -10,6 +10,8 @@ WriteSnd::WriteSnd()
 WriteSnd::~WriteSnd() = default;
 
 void WriteSnd::ChangeName (juce::String) {}
+void WriteSnd::setCategory (int) {}
+void WriteSnd::listCategory (int) {}
 
 void WriteSnd::paint (juce::Graphics&) {}
 

@@ -22,6 +22,10 @@ public:
 
     // Opens the name editor with the two 12-character halves of `name`.
     void ChangeName (juce::String name);
+    // The category menu's answers: the program's category (shown in the display), and the filter
+    // that lists every program of a category in the grid.
+    void setCategory (int category);
+    void listCategory (int category);
 
     void paint (juce::Graphics& g) override;
     void resized() override;
