@@ -178,9 +178,45 @@ void MainComp::openWriteDialog()
     for (auto* part : std::initializer_list<juce::ChangeBroadcaster*> { writeDialog.get(), &writeDialog->okButton,
                                                                         &writeDialog->cancelButton, &writeDialog->lcd })
         part->addChangeListener (this);
+
+    // The working program under its name and category, at the place it was recalled from.
+    const int bank = state->bankNumber;
+    const int program = state->programNumber;
+    const int category = state->editBuffer->patchData[150];
+    auto& grid = writeDialog->grid;
+    for (int index = 0; index < 8 && index < (int) state->banks.size(); ++index)
+        if (auto* store = state->banks[(size_t) index]; store != nullptr && store->bankData.getSize() == (size_t) AutoBank::bankBytes)
+            grid.copyBank (index, *store);
+    grid.Populate (0, bank);
+    grid.showProgram (bank, program);
+    writeDialog->lcd.Set_LCD (bank, program, category, state->editBuffer->PatchGetName(), Category (category));
     ResizePanels();
 }
 
-void MainComp::writeDialogAct (juce::ChangeBroadcaster*)
+void MainComp::writeDialogAct (juce::ChangeBroadcaster* source)
 {
+    auto& dialog = *writeDialog;
+    auto& lcd = dialog.lcd;
+
+    if (source == &dialog.okButton)
+    {
+        WriteProgram (lcd.fullName, lcd.category, lcd.bank, lcd.program);
+        Show_Window (100, false, 0);
+    }
+    else if (source == &dialog.cancelButton)
+    {
+        Show_Window (100, false, 0);
+    }
+    else if (source == &dialog)
+    {
+        if (dialog.actionCode == WriteSnd::actionCategoryFilter)
+            CategoryPopup (90, 0, 0);
+    }
+    else if (source == &lcd)
+    {
+        if (lcd.clickCode == 2)
+            dialog.ChangeName (lcd.fullName);
+        else if (lcd.clickCode == 3)
+            CategoryPopup (89, 0, 0);
+    }
 }

@@ -16,6 +16,8 @@ public:
     // Each line cut to 12 characters and padded with spaces to 12, then joined.
     juce::String joinedName() const;
 
+    static constexpr int boxWidth = 120, boxHeight = 60;
+
     juce::TextEditor firstEditor, secondEditor;
     IvrBut okButton { "OK", 1111, 140 };
     IvrBut cancelButton { "Cancel", 1113, 140 };

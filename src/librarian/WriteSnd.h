@@ -33,6 +33,10 @@ public:
 
     // Action code after a change message of the dialog itself: the category filter was pressed.
     static constexpr int actionCategoryFilter = 200;
+    // Where the display and the name editor stand: beside the three labels, each line of the
+    // display level with its label, and the name editor over the display's name lines.
+    static constexpr int lcdX = 150, lcdY = 14;
+    static constexpr int renameX = lcdX + 1, renameY = lcdY + 17;
 
     juce::OwnedArray<IvrBut> bankButtons; // ids 0 to 7
     IvrBut categoryButton;
@@ -45,5 +49,10 @@ public:
     juce::Image background;
 
 private:
+    // The name editor's lines become the display's name, cut and padded to 12 characters each.
+    void takeName();
+    // Deletes the name editor; its fields give the keyboard back first.
+    void closeRenameBox();
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (WriteSnd)
 };
