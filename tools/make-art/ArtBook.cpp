@@ -60,6 +60,7 @@ const Page pages[] = {
     { "aboutLogo", paintAboutLogo },
     { "Suvbkgrnd", paintSuvBkgrnd },
     { "suvGridTmb", paintSuvGridTmb },
+    { "liveGrd", paintLiveGrd },
 };
 
 const IvrResor::Entry* tableEntry (const juce::String& name)

@@ -32,6 +32,7 @@ juce::Image paintRateSliderUp (ArtBook&);
 juce::Image paintRateSliderDn (ArtBook&);
 juce::Image paintSuvBkgrnd (ArtBook&);
 juce::Image paintSuvGridTmb (ArtBook&);
+juce::Image paintLiveGrd (ArtBook&);
 
 // The front panel (PanelArt.cpp)
 juce::Image paintCorvaneSkin (ArtBook&);

@@ -192,19 +192,35 @@ juce::Image paintMidiLed (ArtBook&)
 juce::Image paintRateSliderUp (ArtBook&) { return rateSlider (false); }
 juce::Image paintRateSliderDn (ArtBook&) { return rateSlider (true); }
 
+// The grid draws the scroll bar's track 29 wide from these 36 pixels and the thumb 36 wide from its
+// 25, so each is drawn here narrowed by its own factor: on the screen the thumb then sits centred on
+// the track's groove, with round corners.
+namespace
+{
+constexpr float trackScale = 29.0f / 36.0f;
+constexpr float thumbScale = 36.0f / 25.0f;
+// Where the thumb's image starts on the screen, from the track's left edge.
+constexpr float thumbOffset = 2.0f;
+
+// A screen x of the scroll bar, in the pixels of the track's or the thumb's image.
+float onTrack (float screenX) { return screenX / trackScale; }
+float onThumb (float screenX) { return (screenX - thumbOffset) / thumbScale; }
+} // namespace
+
 juce::Image paintSuvBkgrnd (ArtBook&)
 {
     auto image = makeImage (36, 325, true);
     juce::Graphics g (image);
-    const juce::Rectangle<float> track (4.0f, 2.0f, 28.0f, 321.0f);
+    const juce::Rectangle<float> track (onTrack (3.0f), 2.0f, onTrack (27.0f) - onTrack (3.0f), 321.0f);
     juce::ColourGradient fill (juce::Colour (0xff0b0c0e), track.getX(), 0.0f, juce::Colour (0xff17181b), track.getRight(), 0.0f, false);
     g.setGradientFill (fill);
     g.fillRoundedRectangle (track, 6.0f);
     sunken (g, track, 6.0f, 2.0f);
-    g.setColour (juce::Colours::black.withAlpha (0.6f));
-    g.fillRoundedRectangle (17.0f, 8.0f, 2.0f, 309.0f, 1.0f);
-    g.setColour (juce::Colours::white.withAlpha (0.06f));
-    g.fillRect (19.0f, 8.0f, 0.8f, 309.0f);
+    const float groove = onTrack (15.0f);
+    g.setColour (juce::Colours::black.withAlpha (0.7f));
+    g.fillRoundedRectangle (groove - onTrack (1.0f), 8.0f, onTrack (2.0f), 309.0f, 1.0f);
+    g.setColour (juce::Colours::white.withAlpha (0.07f));
+    g.fillRect (groove + onTrack (1.0f), 8.0f, onTrack (1.0f), 309.0f);
     return image;
 }
 
@@ -212,21 +228,47 @@ juce::Image paintSuvGridTmb (ArtBook&)
 {
     auto image = makeImage (25, 43, true);
     juce::Graphics g (image);
-    const juce::Rectangle<float> thumb (2.0f, 1.5f, 20.0f, 39.0f);
+    const float left = onThumb (5.0f);
+    const juce::Rectangle<float> thumb (left, 1.5f, onThumb (25.0f) - left, 39.0f);
+    // Corners of 5 screen pixels across and down.
+    const float cornerX = 5.0f / thumbScale;
     juce::Path p;
-    p.addRoundedRectangle (thumb, 5.0f);
-    shadow (g, p, 2.0f, 0.7f, { 1, 1 });
-    juce::ColourGradient fill (juce::Colour (0xff8d9299), thumb.getX(), 0.0f, juce::Colour (0xff4b4f55), thumb.getRight(), 0.0f, false);
+    p.addRoundedRectangle (thumb.getX(), thumb.getY(), thumb.getWidth(), thumb.getHeight(), cornerX, 5.0f);
+    shadow (g, p, 1.5f, 0.7f, { 1, 1 });
+    juce::ColourGradient fill (juce::Colour (0xff9297a0), thumb.getX(), 0.0f, juce::Colour (0xff4b4f55), thumb.getRight(), 0.0f, false);
     g.setGradientFill (fill);
     g.fillPath (p);
-    bevel (g, thumb, 5.0f, 1.0f, 0.45f);
+    // The lit top and left edge and the dark bottom, drawn inside the outline.
+    g.setColour (juce::Colours::white.withAlpha (0.4f));
+    g.fillRect (thumb.getX() + cornerX, thumb.getY() + 0.5f, thumb.getWidth() - 2.0f * cornerX, 1.0f);
+    g.setColour (juce::Colours::black.withAlpha (0.5f));
+    g.fillRect (thumb.getX() + cornerX, thumb.getBottom() - 1.5f, thumb.getWidth() - 2.0f * cornerX, 1.0f);
+    g.setColour (juce::Colours::black.withAlpha (0.6f));
+    g.strokePath (p, juce::PathStrokeType (0.6f));
     for (int i = -1; i <= 1; ++i)
     {
         const float y = thumb.getCentreY() + (float) i * 4.0f;
         g.setColour (juce::Colours::black.withAlpha (0.45f));
-        g.fillRect (thumb.getX() + 5.0f, y, thumb.getWidth() - 10.0f, 1.0f);
+        g.fillRect (thumb.getX() + 2.5f, y, thumb.getWidth() - 5.0f, 1.0f);
         g.setColour (juce::Colours::white.withAlpha (0.3f));
-        g.fillRect (thumb.getX() + 5.0f, y + 1.0f, thumb.getWidth() - 10.0f, 0.8f);
+        g.fillRect (thumb.getX() + 2.5f, y + 1.0f, thumb.getWidth() - 5.0f, 0.8f);
     }
+    return image;
+}
+
+juce::Image paintLiveGrd (ArtBook&)
+{
+    // The rule between two rows of the list: a dark groove with a lit edge under it, in the blue of
+    // the list's text, fading out towards the category column's end.
+    auto image = makeImage (240, 3, true);
+    juce::Graphics g (image);
+    g.setColour (juce::Colours::black.withAlpha (0.55f));
+    g.fillRect (0, 0, 240, 1);
+    juce::ColourGradient lit (juce::Colour (0xff2f6f9e), 0.0f, 0.0f, juce::Colour (0x002f6f9e), 240.0f, 0.0f, false);
+    lit.addColour (0.6, juce::Colour (0xc02f6f9e));
+    g.setGradientFill (lit);
+    g.fillRect (0, 1, 240, 1);
+    g.setColour (juce::Colours::white.withAlpha (0.05f));
+    g.fillRect (0, 2, 240, 1);
     return image;
 }

@@ -49,6 +49,7 @@ const IvrResor::Entry entries[] = {
     { "aboutLogo", 272, 113 },
     { "Suvbkgrnd", 36, 325 },
     { "suvGridTmb", 25, 43 },
+    { "liveGrd", 240, 3 },
 };
 } // namespace
 
