@@ -79,5 +79,14 @@ public:
     juce::Image ruleImage;   // liveGrd
 
 private:
+    // `position` limited to the first rows that still fill the view: 0 to rowCount - visibleRows().
+    int limitedScroll (int position) const;
+    // Moves the view so that its first row is `position`, limited; the thumb follows.
+    void scrollTo (int position);
+    // The thumb's travel in pixels, from the height and thumbHeight.
+    int thumbTravel() const;
+    // One row of the view at y: its rule, its fill and its three texts.
+    void paintRow (juce::Graphics& g, int row, int y, bool selected, const juce::Font& font) const;
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (IvrGrid)
 };
