@@ -34,8 +34,9 @@ public:
     // Action code after a change message of the dialog itself: the category filter was pressed.
     static constexpr int actionCategoryFilter = 200;
     // Where the display and the name editor stand: beside the three labels, each line of the
-    // display level with its label, and the name editor over the display's name lines.
-    static constexpr int lcdX = 150, lcdY = 14;
+    // display level with its label and its left edge in line with the list; the name editor over
+    // the display's name lines.
+    static constexpr int lcdX = 170, lcdY = 14;
     static constexpr int renameX = lcdX + 1, renameY = lcdY + 17;
 
     juce::OwnedArray<IvrBut> bankButtons; // ids 0 to 7
