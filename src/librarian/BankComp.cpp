@@ -3,6 +3,13 @@
 #include "editor/controls/IvrResor.h"
 #include "librarian/LibComp.h"
 
+namespace
+{
+constexpr int buttonWidth = 70;
+constexpr int buttonHeight = 24;
+constexpr int menuRowY = 18;
+} // namespace
+
 BankComp::BankComp()
     : categoryButton ("Category", 8, 7),
       fileButton ("FILE", 890, 7),
@@ -14,12 +21,57 @@ BankComp::BankComp()
     setMouseClickGrabsKeyboardFocus (false);
     setOpaque (true);
     background = IvrResor::get ("bankSkin");
-    addAndMakeVisible (grid);
+
+    for (int bank = 0; bank < 8; ++bank)
+    {
+        const auto text = bank < 7 ? "BANK " + juce::String::charToString ((juce::juce_wchar) (65 + bank)) : juce::String ("BANK H-XL");
+        auto* button = bankButtons.add (new IvrBut (text, bank, 7));
+        button->InitializeMe (85, 75 + 32 * bank, buttonWidth, buttonHeight, false);
+    }
+    categoryButton.InitializeMe (85, 336, buttonWidth, buttonHeight, false);
+    fileButton.InitializeMe (154, menuRowY, buttonWidth, buttonHeight, false);
+    midiButton.InitializeMe (232, menuRowY, buttonWidth, buttonHeight, false);
+    presetsButton.InitializeMe (310, menuRowY, buttonWidth, buttonHeight, false);
+    libraryButton.InitializeMe (388, menuRowY, buttonWidth, buttonHeight, false);
+
+    for (auto* button : bankButtons)
+        addAndMakeVisible (*button);
+    for (auto* button : { &categoryButton, &fileButton, &midiButton, &presetsButton, &libraryButton })
+        addAndMakeVisible (*button);
+    for (auto* button : buttons())
+        button->addChangeListener (this);
+
+    useLoadedDataCheck.caption = "Use Loaded Data";
+    useLoadedDataCheck.showCaption = true;
+    // The caption has the 70 pixels between the box and "FILE".
+    useLoadedDataCheck.fontHeight = 10.0f;
+    useLoadedDataCheck.setBounds (52, 21, 100, 15);
+    addAndMakeVisible (useLoadedDataCheck);
+    useLoadedDataCheck.addChangeListener (this);
+
     grid.setBounds (170, 70, 270, 324);
+    grid.Initialize ({ 45, 95, 85, 0 });
+    addAndMakeVisible (grid);
+
     library = std::make_unique<LibComp>();
+    addChildComponent (*library);
+    library->addChangeListener (this);
 }
 
-BankComp::~BankComp() = default;
+BankComp::~BankComp()
+{
+    library->removeChangeListener (this);
+    useLoadedDataCheck.removeChangeListener (this);
+    for (auto* button : buttons())
+        button->removeChangeListener (this);
+}
+
+juce::Array<IvrBut*> BankComp::buttons()
+{
+    juce::Array<IvrBut*> all (bankButtons.begin(), bankButtons.size());
+    all.addArray ({ &categoryButton, &fileButton, &midiButton, &presetsButton, &libraryButton });
+    return all;
+}
 
 void BankComp::paint (juce::Graphics& g)
 {
@@ -28,10 +80,63 @@ void BankComp::paint (juce::Graphics& g)
         g.drawImageAt (background, 0, 0);
 }
 
-void BankComp::changeListenerCallback (juce::ChangeBroadcaster*) {}
+void BankComp::changeListenerCallback (juce::ChangeBroadcaster* source)
+{
+    if (source == &libraryButton)
+    {
+        library->setBounds (0, 0, getWidth(), getHeight());
+        library->setVisible (true);
+        return;
+    }
+
+    if (auto index = bankButtons.indexOf (dynamic_cast<IvrBut*> (source)); index >= 0)
+    {
+        mode = 0;
+        value = index;
+        actionCode = actionList;
+    }
+    else if (source == &categoryButton)
+    {
+        mode = 1;
+        value = 0;
+        actionCode = actionList;
+    }
+    else if (source == &useLoadedDataCheck)
+    {
+        useLoadedData = useLoadedDataCheck.checked;
+        actionCode = actionUseLoadedData;
+    }
+    else if (source == &fileButton)
+    {
+        actionCode = actionFile;
+    }
+    else if (source == &midiButton)
+    {
+        actionCode = actionMidi;
+    }
+    else if (source == &presetsButton)
+    {
+        actionCode = actionPresets;
+    }
+    else
+    {
+        return; // the library window's messages end here
+    }
+
+    sendChangeMessage();
+}
 
 void BankComp::setListing (int newMode, int newValue)
 {
     shownMode = newMode;
     shownValue = newValue;
+
+    // The button of what is listed stays lit.
+    for (int bank = 0; bank < bankButtons.size(); ++bank)
+    {
+        bankButtons[bank]->toggleState = newMode == 0 && newValue == bank;
+        bankButtons[bank]->repaint();
+    }
+    categoryButton.toggleState = newMode == 1;
+    categoryButton.repaint();
 }

@@ -52,5 +52,9 @@ public:
     juce::Image background;
 
 private:
+    // Every IvrBut of the window: the bank buttons, then "Category", "FILE", "MIDI", "PRESETS",
+    // "LIBRARY".
+    juce::Array<IvrBut*> buttons();
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (BankComp)
 };
