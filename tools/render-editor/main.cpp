@@ -1,10 +1,13 @@
 // Renders the editor into PNG files, as a musician sees it at the given widths:
-//   render-editor DIR [--advanced] [WIDTH...]   (default widths 1505 and 978)
-// writes DIR/editor-WIDTH.png, or with --advanced the advanced page, DIR/editor-advanced-WIDTH.png. Runs with a settings folder of its own, so that no user file is read
-// or written, and with no MIDI port open.
+//   render-editor DIR [--advanced | --bank] [WIDTH...]   (default widths 1505 and 978)
+// writes DIR/editor-WIDTH.png, with --advanced the advanced page, DIR/editor-advanced-WIDTH.png,
+// with --bank the bank window open on bank A with its third row selected, DIR/editor-bank-WIDTH.png.
+// Runs with a settings folder of its own, so that no user file is read or written, and with no
+// MIDI port open.
 
 #include "device/InProcessMidiBackend.h"
 #include "editor/MainComp.h"
+#include "librarian/BankComp.h"
 #include "plugin/PluginEditor.h"
 #include "plugin/PluginProcessor.h"
 
@@ -14,7 +17,7 @@ int main (int argc, char** argv)
 {
     if (argc < 2)
     {
-        std::cerr << "usage: render-editor DIR [--advanced] [WIDTH...]" << std::endl;
+        std::cerr << "usage: render-editor DIR [--advanced | --bank] [WIDTH...]" << std::endl;
         return 2;
     }
 
@@ -27,11 +30,13 @@ int main (int argc, char** argv)
     }
 
     juce::Array<int> widths;
-    bool advanced = false;
+    juce::String page;
     for (int i = 2; i < argc; ++i)
     {
         if (juce::String (argv[i]) == "--advanced")
-            advanced = true;
+            page = "advanced-";
+        else if (juce::String (argv[i]) == "--bank")
+            page = "bank-";
         else
             widths.add (juce::jlimit (301, 1505, juce::String (argv[i]).getIntValue()));
     }
@@ -51,10 +56,18 @@ int main (int argc, char** argv)
             processor.editorWidth = width;
             processor.editorHeight = (int) (width * 739.0 / 1505.0);
             std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
-            if (advanced)
-                dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp()->Show_Window (106, true, 0);
+            auto& mainComp = *dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp();
+            if (page == "advanced-")
+                mainComp.Show_Window (106, true, 0);
+            if (page == "bank-")
+            {
+                processor.midiCntrState.bankNumber = 0;
+                processor.midiCntrState.programNumber = 0;
+                mainComp.Show_Window (103, true, 0);
+                mainComp.bankPanel->grid.selectedRow = 2;
+            }
             const auto image = editor->createComponentSnapshot (editor->getLocalBounds());
-            const auto file = dir.getChildFile ((advanced ? "editor-advanced-" : "editor-") + juce::String (width) + ".png");
+            const auto file = dir.getChildFile ("editor-" + page + juce::String (width) + ".png");
             file.deleteFile();
             juce::FileOutputStream out (file);
             if (! out.openedOk() || ! juce::PNGImageFormat().writeImageToStream (image, out))
