@@ -77,6 +77,8 @@ public:
     // and nothing happens when the menu is dismissed.
     std::unique_ptr<juce::LookAndFeel_V2> setLAF();
     void showMenu (juce::PopupMenu menu, juce::Component* target, std::function<void (int)> onChosen);
+    // The same at `area` of `target`, in its coordinates: a part of it, such as a row of a grid.
+    void showMenu (juce::PopupMenu menu, juce::Component* target, juce::Rectangle<int> area, std::function<void (int)> onChosen);
     // The popup of every value of a parameter, "*/*" values left out; `onChosen` gets the value.
     void ParameterMenus (int description, int minimum, int maximum, std::function<void (int)> onChosen);
 
@@ -123,7 +125,8 @@ public:
     void BankPopupPresets();
     // The 32 categories; what a choice does depends on `source`: 86 the bank window's filter, 87 and
     // 88 the category of `program` of `bank`, 89 the write dialog's category, 90 its filter.
-    void CategoryPopup (int source, int bank, int program);
+    // `afterChoice` runs once a choice has been acted on.
+    void CategoryPopup (int source, int bank, int program, std::function<void()> afterChoice = {});
     void IvrBankAct (IvrGrid* grid);
 
     //==============================================================================

@@ -115,5 +115,18 @@ void MainComp::IvrEnvAct (Envel* envelope)
 void MainComp::IvrLabAct (int code)
 {
     if (code == 1)
+    {
         programMenu();
+    }
+    else if (code == 3)
+    {
+        CategoryPopup (87, 0, 0, [this]
+        {
+            const auto& words = state->editBuffer->patchData;
+            auto& lcd = editorPanel->lcd;
+            lcd.category = words.size() > 150 ? words[150] : 0;
+            lcd.categoryText = Category (lcd.category);
+            lcd.repaint();
+        });
+    }
 }

@@ -1,5 +1,6 @@
-// The tool-bar's menus and the menus of values. Menus show without a modal loop: the chosen id
-// arrives in a callback, and a dismissed menu does nothing.
+// The tool-bar's menus, the bank window's menus with the actions of its grid, and the menus of
+// values. Menus show without a modal loop: the chosen id arrives in a callback, and a dismissed
+// menu does nothing.
 
 #include "editor/MainComp.h"
 
@@ -10,9 +11,11 @@
 #include "librarian/BankComp.h"
 #include "librarian/IvrGrid.h"
 #include "librarian/WriteSnd.h"
+#include "plugin/HandlerComp.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
 #include "sound/ParDes.h"
+#include "sound/TolkCorvaneBanks.h"
 
 std::unique_ptr<juce::LookAndFeel_V2> MainComp::setLAF()
 {
@@ -21,13 +24,18 @@ std::unique_ptr<juce::LookAndFeel_V2> MainComp::setLAF()
 
 void MainComp::showMenu (juce::PopupMenu menu, juce::Component* target, std::function<void (int)> onChosen)
 {
+    showMenu (std::move (menu), target, target != nullptr ? target->getLocalBounds() : juce::Rectangle<int>(), std::move (onChosen));
+}
+
+void MainComp::showMenu (juce::PopupMenu menu, juce::Component* target, juce::Rectangle<int> area, std::function<void (int)> onChosen)
+{
     // The look lives as long as the menu: the callback owns it.
     std::shared_ptr<juce::LookAndFeel_V2> look = setLAF();
     menu.setLookAndFeel (look.get());
 
     auto options = juce::PopupMenu::Options().withParentComponent (this);
     if (target != nullptr)
-        options = options.withTargetComponent (target);
+        options = options.withTargetComponent (target).withTargetScreenArea (target->localAreaToGlobal (area));
 
     menu.showMenuAsync (options, [look, onChosen, safe = juce::Component::SafePointer<MainComp> (this)] (int result)
     {
@@ -209,8 +217,285 @@ void MainComp::BankPopupMIDI()
     });
 }
 
-void MainComp::BankPopupFILE() {}
-void MainComp::BankPopupPresets() {}
-void MainComp::CategoryPopup (int, int, int) {}
-void MainComp::IvrBankAct (IvrGrid*) {}
-void MainComp::gridProgramMenu (int, int) {}
+namespace
+{
+juce::Array<unsigned char> bytesOf (const juce::MemoryBlock& block)
+{
+    return { static_cast<const unsigned char*> (block.getData()), (int) block.getSize() };
+}
+
+// The row of the grid that was last pressed, in the grid's coordinates; the whole grid when that row
+// is out of view.
+juce::Rectangle<int> pressedRow (const IvrGrid& grid)
+{
+    const int shown = grid.selectedRow - grid.firstRow;
+    if (grid.selectedRow < 0 || shown < 0 || shown >= grid.visibleRows())
+        return grid.getLocalBounds();
+    return { 0, shown * grid.rowHeight, grid.getWidth(), grid.rowHeight };
+}
+} // namespace
+
+void MainComp::BankPopupFILE()
+{
+    const int userBanks = (int) state->banks.size() - 1;
+    juce::PopupMenu load, save, menu;
+    addBankItems (load, 1, userBanks);
+    addBankItems (save, 100, userBanks);
+    menu.addSubMenu ("Load Program Bank To ", load);
+    menu.addSubMenu ("Save Program Bank ", save);
+    menu.addSeparator();
+    menu.addItem (400, "Close");
+
+    showMenu (std::move (menu), &bankPanel->fileButton, [this, userBanks] (int id)
+    {
+        if (id >= 1 && id <= userBanks)
+        {
+            const int bank = id - 1;
+            fileManager->ShowMeOpen (FileMan::openDialog, 3, {}, [this, bank] (bool confirmed)
+            {
+                // A file of any other size is not a bank: it is ignored without a word.
+                if (confirmed && FileMan::Load_Bank_Data (fileManager->OpenFileI (fileManager->chosenFile), *state->banks[(size_t) bank])
+                    && bankPanelShown)
+                    Display_Bank_PRG (bank);
+            });
+        }
+        else if (id >= 100 && id < 100 + userBanks)
+        {
+            const int bank = id - 100;
+            const auto data = bytesOf (FileMan::Bank_File_Data (*state->banks[(size_t) bank]));
+            SAVE_DATA_AS (data, data.size(), 103, AutoBank::GetBankName (bank));
+        }
+        else if (id == 400)
+        {
+            Show_Window (103, ! bankPanelShown, 0);
+        }
+    });
+}
+
+void MainComp::BankPopupPresets()
+{
+    const int allBanks = (int) state->banks.size();
+    juce::PopupMenu menu;
+    for (int set = 0; set < TolkCorvaneBanks::numSets; ++set)
+    {
+        // The last set stands in the menu without items: it can't be chosen.
+        juce::PopupMenu banks;
+        if (set < TolkCorvaneBanks::numSets - 1)
+            addBankItems (banks, 100 * (set + 1), allBanks);
+        menu.addSubMenu (TolkCorvaneBanks::getSetTitle (set), banks);
+    }
+    juce::PopupMenu initialize;
+    addBankItems (initialize, 1000, allBanks - 1);
+    menu.addSubMenu ("Initialize Program Bank ", initialize);
+
+    showMenu (std::move (menu), &bankPanel->presetsButton, [this] (int id)
+    {
+        if (id < 100)
+            return;
+
+        if (id < 1000)
+        {
+            // The letter chosen is only where in the set reading starts: the set always goes into the
+            // current bank.
+            const int set = id / 100 - 1;
+            const int current = state->bankNumber;
+            if (juce::isPositiveAndBelow (current, (int) state->banks.size()))
+                state->banks[(size_t) current]->PreloadFactoryData (set, id - 100 * (set + 1));
+        }
+        else if (id < 1100)
+        {
+            const int bank = id - 1000;
+            if (! juce::isPositiveAndBelow (bank, (int) state->banks.size()))
+                return;
+            state->banks[(size_t) bank]->Initialize_Bank();
+            if (bankPanelShown)
+                Display_Bank_PRG (bank);
+        }
+
+        Set_Bank_PRG (bankPanel->shownMode, bankPanel->shownValue);
+    });
+}
+
+void MainComp::CategoryPopup (int source, int bank, int program, std::function<void()> afterChoice)
+{
+    juce::PopupMenu menu;
+    for (int category = 0; category < 32; ++category)
+        menu.addItem (category + 1, AutoBank::Category (category));
+
+    juce::Component* target = nullptr;
+    auto area = juce::Rectangle<int>();
+    switch (source)
+    {
+        case 86: target = &bankPanel->categoryButton; break;
+        case 87: target = &editorPanel->lcd; break;
+        case 88: target = &bankPanel->grid; area = pressedRow (bankPanel->grid); break;
+        case 89: target = writeDialog != nullptr ? &writeDialog->lcd : nullptr; break;
+        case 90: target = writeDialog != nullptr ? &writeDialog->categoryButton : nullptr; break;
+        default: break;
+    }
+    if (target != nullptr && area.isEmpty())
+        area = target->getLocalBounds();
+
+    showMenu (std::move (menu), target, area, [this, source, bank, program, afterChoice] (int id)
+    {
+        const int category = id - 1;
+        switch (source)
+        {
+            case 86:
+                Set_Bank_PRG (1, category);
+                break;
+
+            case 87:
+            case 88:
+                if (juce::isPositiveAndBelow (bank, (int) state->banks.size()))
+                {
+                    // Only the low byte is the category; the grid's copy follows so that the row
+                    // shows it without a new listing.
+                    for (auto* store : { state->banks[(size_t) bank], bankPanel->grid.gridBanks[(size_t) bank].get() })
+                    {
+                        auto words = store->getStoredProgram (program);
+                        words.set (150, (unsigned short) ((words[150] & 0xff00) | category));
+                        store->setStoredProgram (program, words);
+                    }
+                    bankPanel->grid.repaint();
+                }
+                break;
+
+            case 89:
+                if (writeDialog != nullptr)
+                    writeDialog->setCategory (category);
+                break;
+
+            case 90:
+                if (writeDialog != nullptr)
+                    writeDialog->listCategory (category);
+                break;
+
+            default:
+                break;
+        }
+
+        if (afterChoice)
+            afterChoice();
+    });
+}
+
+void MainComp::IvrBankAct (IvrGrid* grid)
+{
+    const int bank = grid->selectedBank;
+    const int program = grid->selectedProgram;
+
+    switch (grid->action)
+    {
+        case IvrGrid::actionCategoryMenu:
+            CategoryPopup (88, bank, program);
+            break;
+
+        case IvrGrid::actionDoubleClick:
+            if (bankPanelShown)
+                Show_Window (103, true, 0);
+            break;
+
+        case IvrGrid::actionProgramMenu:
+            gridProgramMenu (bank, program);
+            break;
+
+        case IvrGrid::actionRow:
+            if (! useLoadedData)
+            {
+                // Through the host, which selects the bank and then the program on the instrument.
+                state->handler->SendParam (89, state->normalisedFor (89, bank));
+                state->handler->SendParam (56, state->normalisedFor (56, program));
+            }
+            else if (juce::isPositiveAndBelow (bank, (int) state->banks.size()))
+            {
+                SEND_PROGRAM (false, -1, -1, state->banks[(size_t) bank]->getStoredProgram (program), true);
+            }
+            break;
+
+        default:
+            break;
+    }
+}
+
+void MainComp::gridProgramMenu (int bank, int program)
+{
+    if (! juce::isPositiveAndBelow (bank, (int) state->banks.size()))
+        return;
+
+    const auto name = state->banks[(size_t) bank]->get_ProgramName (program);
+    juce::PopupMenu menu;
+    menu.addItem (1, "Copy " + name);
+    menu.addItem (2, copyBufferFull ? "Paste " + copyBuffer->get_ProgramName (0) : juce::String (" "));
+    menu.addSeparator();
+    menu.addItem (3, "Save " + name);
+    menu.addItem (4, "Load Program ");
+    menu.addSeparator();
+    menu.addItem (5, "Initialize " + name);
+
+    showMenu (std::move (menu), &bankPanel->grid, pressedRow (bankPanel->grid), [this, bank, program] (int id)
+    {
+        auto& store = *state->banks[(size_t) bank];
+
+        // The bank is listed afresh; when the grid lists it already, the user keeps the rows in view.
+        const auto showBank = [this, bank]
+        {
+            if (! bankPanelShown)
+                return;
+            if (bankPanel->shownMode == 0 && bankPanel->shownValue == bank)
+                refreshGridKeepingScroll();
+            else
+                Display_Bank_PRG (bank);
+        };
+
+        switch (id)
+        {
+            case 1:
+                if (copyBuffer == nullptr)
+                {
+                    copyBuffer = std::make_unique<AutoBank> (0);
+                    copyBuffer->Initialize_Bank();
+                }
+                copyBuffer->setStoredProgram (0, store.getStoredProgram (program));
+                copyBufferFull = true;
+                break;
+
+            case 2:
+                if (copyBufferFull && copyBuffer != nullptr)
+                {
+                    SEND_PROGRAM (true, bank, program, copyBuffer->getStoredProgram (0), false);
+                    showBank();
+                }
+                break;
+
+            case 3:
+                SAVE_DATA_PROGRAM_AS (bytesOf (store.Export_Syx_Bank_Buf_MB (program, 0)), AutoBank::patchFrameBytes,
+                                      store.get_ProgramName (program));
+                break;
+
+            case 4:
+                fileManager->Load_Program_Single ([this, bank, program, showBank] (bool loaded)
+                {
+                    if (! loaded)
+                        return;
+                    state->banks[(size_t) bank]->Import_Syx_U8 (program, fileManager->programResult);
+                    showBank();
+                });
+                break;
+
+            case 5:
+            {
+                TolkCorvaneBanks factory;
+                auto initial = factory.Initial_Program();
+                juce::Array<unsigned short> words;
+                AutoBank::UnPack_Patch_Tolk (initial, words);
+                store.setStoredProgram (program, words);
+                showBank();
+                break;
+            }
+
+            default:
+                break;
+        }
+    });
+}
