@@ -43,9 +43,8 @@ void MainComp::startTransfer (int kind, int bank)
 
 void MainComp::hideProgressBar()
 {
-    // The instrument goes back to where it stood, also after a cancel, and so does the place the
-    // editor shows and a late dump lands in.
-    state->bankNumber = returnBank;
+    // The instrument goes back to where it stood, also after a cancel. The state keeps the bank of the
+    // transfer, so that a reply still on its way lands in the bank it came from.
     state->SEND_BNPR (state->midiChannel, returnBank, state->programNumber, true, false);
     state->transferBusy = false;
     state->bankDumpActive = false;

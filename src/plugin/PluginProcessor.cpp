@@ -405,7 +405,7 @@ void DeskerAudioProcessor::changeProgramName (int index, const juce::String& new
     if (state.updateHostActive || store == nullptr || ! juce::isPositiveAndBelow (index, AutoBank::numPrograms))
         return;
 
-    // 24 characters stay whole; 25 or more are cut to 23, as hosts have long seen it.
+    // 24 characters stay whole; 25 or more are cut to 23, then padded to 24.
     auto name = newName.length() >= 25 ? newName.substring (0, 23) : newName;
     name = name.paddedRight (' ', 24);
 

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <vector>
 
 namespace juce
 {
@@ -153,12 +154,68 @@ public:
         return findMenuIn (editor.get());
     }
 
+    // Every open menu window, the outermost first.
+    std::vector<juce::Component*> openMenus()
+    {
+        std::vector<juce::Component*> menus;
+        collectMenus (editor.get(), menus);
+        for (int i = 0; i < juce::Desktop::getInstance().getNumComponents(); ++i)
+            if (auto* c = juce::Desktop::getInstance().getComponent (i); c != nullptr && c->getName() == "menu")
+                menus.push_back (c);
+        return menus;
+    }
+
+    // In the open menu, moves over the items titled `path` in turn, opening each submenu on the way,
+    // and clicks the last one. False when an item is missing.
+    bool chooseMenu (const juce::StringArray& path)
+    {
+        if (! pumpUntil ([this] { return ! openMenus().empty(); }))
+            return false;
+        pump (300); // a menu takes no release in its first 250 ms
+        for (int level = 0; level < path.size(); ++level)
+        {
+            if (! pumpUntil ([&] { return (int) openMenus().size() > level; }))
+                return false;
+            if (level > 0)
+                pump (300); // nor does a submenu
+            auto* menu = openMenus()[(size_t) level];
+            juce::Component* item = nullptr;
+            for (auto* child : menu->getChildren())
+                if (auto* handler = child->getAccessibilityHandler(); handler != nullptr && handler->getTitle() == path[level])
+                    item = child;
+            if (item == nullptr)
+                return false;
+            const auto p = editor->getLocalPoint (item, item->getLocalBounds().getCentre()).toFloat();
+            // The menu's timer reads the system's pointer, so that goes there as well.
+            juce::Desktop::setMousePosition (editor->localPointToGlobal (p).roundToInt());
+            mouse (p, {});
+            pump (100); // the menu watches the mouse on its own timer
+            if (level + 1 < path.size())
+                continue;
+            mouse (p, juce::ModifierKeys::leftButtonModifier);
+            pump (100);
+            mouse (p, {});
+            pump (100);
+        }
+        return pumpUntil ([this] { return openMenus().empty(); }, 1000);
+    }
+
     static void pump (int ms = 30) { ::pump (ms); }
 
     HostSide host;
     std::unique_ptr<DeskerAudioProcessorEditor> editor;
 
 private:
+    static void collectMenus (juce::Component* parent, std::vector<juce::Component*>& menus)
+    {
+        for (auto* child : parent->getChildren())
+        {
+            if (child->getName() == "menu")
+                menus.push_back (child);
+            collectMenus (child, menus);
+        }
+    }
+
     static juce::Component* findMenuIn (juce::Component* parent)
     {
         for (auto* child : parent->getChildren())
