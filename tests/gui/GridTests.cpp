@@ -1,4 +1,4 @@
-// The program grid and the bank window: a grid on its own window where the grid alone decides,
+// The program grid and the bank window: a grid in a window of its own where the grid alone decides,
 // the real editor where the bank window's buttons reach MainComp.
 
 #include "EditorHarness.h"
@@ -14,7 +14,9 @@
 
 namespace
 {
-// A grid of the bank window's size in a window of its own, driven through its peer.
+using Mods = juce::ModifierKeys;
+
+// A grid of the bank window's size on the desktop, driven through its peer.
 struct LoneGrid
 {
     LoneGrid()
@@ -25,25 +27,26 @@ struct LoneGrid
         grid.setVisible (true);
     }
 
-    void mouse (juce::Point<float> p, juce::ModifierKeys mods)
+    void mouse (juce::Point<float> p, Mods mods)
     {
-        juce::ModifierKeys::currentModifiers = mods;
+        Mods::currentModifiers = mods;
         grid.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, p, mods,
                                           juce::MouseInputSource::defaultPressure, 0.0f, ++clock);
     }
-    // A press a second after the last event, so that two presses never make a double click.
-    void press (juce::Point<float> p, juce::ModifierKeys mods = juce::ModifierKeys::leftButtonModifier)
+    // A second after the last event, so that two presses never make a double click.
+    void press (juce::Point<float> p, Mods mods = Mods::leftButtonModifier)
     {
         clock += 1000;
         mouse (p, {});
         mouse (p, mods);
     }
-    void moveHeld (juce::Point<float> p) { mouse (p, juce::ModifierKeys::leftButtonModifier); }
-    void release (juce::Point<float> p)
+    void click (juce::Point<float> p, Mods mods = Mods::leftButtonModifier)
     {
+        press (p, mods);
         mouse (p, {});
         pump();
     }
+    void moveHeld (float x, float y) { mouse ({ x, y }, Mods::leftButtonModifier); }
     void wheel (float deltaY)
     {
         juce::MouseWheelDetails details {};
@@ -51,17 +54,11 @@ struct LoneGrid
         grid.getPeer()->handleMouseWheel (juce::MouseInputSource::InputSourceType::mouse, { 100.0f, 100.0f }, ++clock, details);
     }
 
-    // Sets the category byte (the low byte of word 150) of a stored program.
-    void setCategory (int bank, int program, int category)
-    {
-        static_cast<unsigned char*> (grid.gridBanks[(size_t) bank]->bankData.getData())[program * AutoBank::programBytes + 300] = (unsigned char) category;
-    }
-
-    void setName (int bank, int program, const juce::String& name)
+    // The word of a stored program in the grid's own copy of the bank.
+    void setWord (int bank, int program, int word, int value)
     {
         auto words = grid.gridBanks[(size_t) bank]->getStoredProgram (program);
-        for (int i = 0; i < 24; ++i)
-            words.set (151 + i, (unsigned short) name[i]);
+        words.set (word, (unsigned short) value);
         grid.gridBanks[(size_t) bank]->setStoredProgram (program, words);
     }
 
@@ -90,18 +87,12 @@ struct GridWindow : ::testing::Test, EditorHarness
 {
     void SetUp() override { openReady(); }
 
-    IvrBut& toolButton (const juce::String& label)
+    void toggleBanks()
     {
         for (auto* button : main().appBar->buttons)
-            if (button->label == label)
-                return *button;
-        throw std::runtime_error ("no tool-bar button " + label.toStdString());
-    }
-
-    void openBanks()
-    {
-        click (centreOf (toolButton ("BANK")));
-        ASSERT_TRUE (main().bankPanelShown);
+            if (button->label == "BANK")
+                return click (centreOf (*button));
+        throw std::runtime_error ("no BANK button");
     }
 
     BankComp& banks() { return *main().bankPanel; }
@@ -111,20 +102,12 @@ struct GridWindow : ::testing::Test, EditorHarness
 
 TEST (Grid, PressOnARowSelectsItAndTellsWhichMenu)
 {
-    const struct
-    {
-        float x;
-        juce::ModifierKeys mods;
-        int action;
-    } cases[] = {
-        { 20.0f, juce::ModifierKeys::leftButtonModifier, IvrGrid::actionRow },
-        { 200.0f, juce::ModifierKeys::leftButtonModifier, IvrGrid::actionRow },
-        { 20.0f, juce::ModifierKeys::rightButtonModifier, IvrGrid::actionProgramMenu },
-        { 129.0f, juce::ModifierKeys::rightButtonModifier, IvrGrid::actionProgramMenu },
-        { 130.0f, juce::ModifierKeys::rightButtonModifier, IvrGrid::actionCategoryMenu },
-        { 220.0f, juce::ModifierKeys::rightButtonModifier, IvrGrid::actionCategoryMenu },
-        { 100.0f, juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::ctrlModifier), IvrGrid::actionProgramMenu },
-        { 150.0f, juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::ctrlModifier), IvrGrid::actionCategoryMenu },
+    const Mods right (Mods::rightButtonModifier), ctrl (Mods::leftButtonModifier | Mods::ctrlModifier);
+    const struct { float x; Mods mods; int action; } cases[] = {
+        { 20, Mods::leftButtonModifier, IvrGrid::actionRow },   { 200, Mods::leftButtonModifier, IvrGrid::actionRow },
+        { 20, right, IvrGrid::actionProgramMenu },              { 129, right, IvrGrid::actionProgramMenu },
+        { 130, right, IvrGrid::actionCategoryMenu },            { 220, right, IvrGrid::actionCategoryMenu },
+        { 100, ctrl, IvrGrid::actionProgramMenu },              { 150, ctrl, IvrGrid::actionCategoryMenu },
     };
 
     LoneGrid lone;
@@ -135,8 +118,7 @@ TEST (Grid, PressOnARowSelectsItAndTellsWhichMenu)
     {
         SCOPED_TRACE (juce::String (c.x) + " mods " + juce::String (c.mods.getRawFlags()));
         grid.action = 0;
-        lone.press ({ c.x, 2 * 36 + 5.0f }, c.mods);
-        lone.release ({ c.x, 2 * 36 + 5.0f });
+        lone.click ({ c.x, 2 * 36 + 5.0f }, c.mods);
         EXPECT_EQ (grid.action, c.action);
         EXPECT_EQ (grid.selectedRow, 12);
         EXPECT_EQ (grid.selectedBank, 3);
@@ -144,62 +126,44 @@ TEST (Grid, PressOnARowSelectsItAndTellsWhichMenu)
     }
 
     // A second press at once is a double click.
-    lone.press ({ 20.0f, 5.0f });
-    lone.release ({ 20.0f, 5.0f });
-    lone.mouse ({ 20.0f, 5.0f }, juce::ModifierKeys::leftButtonModifier);
-    lone.release ({ 20.0f, 5.0f });
+    lone.click ({ 20, 5 });
+    lone.mouse ({ 20, 5 }, Mods::leftButtonModifier);
+    lone.mouse ({ 20, 5 }, {});
+    pump();
     EXPECT_EQ (grid.action, IvrGrid::actionDoubleClick);
 
-    // The strip of the scroll bar and its left edge select nothing.
+    // The left edge of the scroll bar's strip and the strip select nothing; nor does an empty list.
+    grid.action = 0;
     for (float x : { 234.0f, 250.0f })
-    {
-        grid.action = 0;
-        lone.press ({ x, 5.0f });
-        lone.release ({ x, 5.0f });
-        EXPECT_EQ (grid.action, 0);
-        EXPECT_EQ (grid.selectedRow, 10);
-    }
-
-    // In an empty list a press selects nothing and says nothing.
+        lone.click ({ x, 40 });
+    EXPECT_EQ (grid.selectedRow, 10);
     grid.Populate (5, 0);
-    lone.press ({ 20.0f, 5.0f });
-    lone.release ({ 20.0f, 5.0f });
+    lone.click ({ 20, 5 });
     EXPECT_EQ (grid.selectedRow, -1);
     EXPECT_EQ (grid.action, 0);
 }
 
-TEST (Grid, ByCategoryListsEveryBankInOrder)
+TEST (Grid, ByCategoryListsEveryBankInBankThenProgramOrder)
 {
     LoneGrid lone;
-    // Every program is "- Not Assigned -" (0) but these; word 150's high byte plays no part.
-    const std::pair<int, int> pads[] = { { 0, 127 }, { 3, 0 }, { 3, 64 }, { 7, 2 }, { 7, 127 } };
-    for (auto [bank, program] : pads)
-        lone.setCategory (bank, program, 5);
-    auto words = lone.grid.gridBanks[4]->getStoredProgram (9);
-    words.set (150, 0x105);
-    lone.grid.gridBanks[4]->setStoredProgram (9, words);
+    // All programs are of category 0 but these; the high byte of word 150 plays no part.
+    for (auto [bank, program] : { std::pair { 7, 2 }, { 3, 64 }, { 0, 127 }, { 3, 0 }, { 7, 127 } })
+        lone.setWord (bank, program, 150, 5);
+    lone.setWord (4, 9, 150, 0x105);
+    lone.setWord (6, 1, 150, 0x500);
 
-    const struct
-    {
-        int category;
-        std::vector<std::pair<int, int>> rows;
-    } cases[] = {
+    const struct { int category; std::vector<std::pair<int, int>> rows; } cases[] = {
         { 5, { { 0, 127 }, { 3, 0 }, { 3, 64 }, { 4, 9 }, { 7, 2 }, { 7, 127 } } },
         { 6, {} },
-        { 1, { { 4, 9 } } },
     };
     for (const auto& c : cases)
     {
-        if (c.category == 1)
-            lone.setCategory (4, 9, 1);
-        lone.grid.Populate (1, c.category);
         SCOPED_TRACE (c.category);
-        ASSERT_EQ (lone.grid.rowCount, (int) c.rows.size());
+        lone.grid.Populate (1, c.category);
+        std::vector<std::pair<int, int>> rows;
         for (int row = 0; row < lone.grid.rowCount; ++row)
-        {
-            EXPECT_EQ (lone.grid.rowBanks[row], c.rows[(size_t) row].first);
-            EXPECT_EQ (lone.grid.rowPrograms[row], c.rows[(size_t) row].second);
-        }
+            rows.emplace_back (lone.grid.rowBanks[row], lone.grid.rowPrograms[row]);
+        EXPECT_EQ (rows, c.rows);
     }
     lone.grid.Populate (1, 0);
     EXPECT_EQ (lone.grid.rowCount, 8 * 128 - 6);
@@ -208,11 +172,7 @@ TEST (Grid, ByCategoryListsEveryBankInOrder)
 
 TEST (Grid, WheelMovesOneRowPerEvent)
 {
-    const struct
-    {
-        float delta;
-        int firstRow;
-    } steps[] = {
+    const struct { float delta; int firstRow; } steps[] = {
         { 0.5f, 0 }, { -0.02f, 1 }, { -1.0f, 2 }, { -40.0f, 3 }, { 0.0f, 3 }, { 7.0f, 2 }, { 0.01f, 1 },
     };
     LoneGrid lone;
@@ -223,7 +183,7 @@ TEST (Grid, WheelMovesOneRowPerEvent)
         EXPECT_EQ (lone.grid.firstRow, step.firstRow) << "delta " << step.delta;
     }
 
-    // At the end the list stays with its last rows filling the view.
+    // At the end the last rows keep filling the view.
     lone.grid.showProgram (0, 127);
     lone.wheel (-1.0f);
     EXPECT_EQ (lone.grid.firstRow, 128 - 9);
@@ -237,40 +197,34 @@ TEST (Grid, DraggingScrolls)
     auto& grid = lone.grid;
     grid.Populate (0, 1);
 
-    // The thumb: 119 rows over 281 pixels of travel, counted from the thumb's height down.
-    const struct
-    {
-        float y;
-        int firstRow;
-    } thumb[] = { { 143.0f, 42 }, { 330.0f, 119 }, { 600.0f, 119 }, { 60.0f, 7 }, { 20.0f, 0 } };
-    lone.press ({ 250.0f, 30.0f });
+    // On the thumb: 119 rows over 281 pixels of travel, counted from the thumb's height down.
+    const struct { float y; int firstRow; } thumb[] = { { 143, 42 }, { 330, 119 }, { 600, 119 }, { 60, 7 }, { 20, 0 } };
+    lone.press ({ 250, 30 });
     for (const auto& step : thumb)
     {
-        lone.moveHeld ({ 252.0f, step.y });
-        EXPECT_EQ (grid.firstRow, step.firstRow) << "y " << step.y;
+        lone.moveHeld (252, step.y);
+        EXPECT_EQ (grid.firstRow, step.firstRow) << "thumb at " << step.y;
     }
-    lone.release ({ 252.0f, 20.0f });
+    lone.mouse ({ 252, 20 }, {});
     EXPECT_EQ (grid.selectedRow, -1);
 
     // Held in the list: a row per movement below or above it, nothing inside it.
-    const struct
-    {
-        float y;
-        int firstRow;
-    } list[] = { { 330.0f, 1 }, { 340.0f, 2 }, { 350.0f, 3 }, { 200.0f, 3 }, { -4.0f, 2 }, { -8.0f, 1 }, { -12.0f, 0 }, { -16.0f, 0 } };
-    lone.press ({ 60.0f, 40.0f });
+    const struct { float y; int firstRow; } list[] = {
+        { 330, 1 }, { 340, 2 }, { 350, 3 }, { 200, 3 }, { -4, 2 }, { -8, 1 }, { -12, 0 }, { -16, 0 },
+    };
+    lone.press ({ 60, 40 });
     for (const auto& step : list)
     {
-        lone.moveHeld ({ 60.0f, step.y });
-        EXPECT_EQ (grid.firstRow, step.firstRow) << "y " << step.y;
+        lone.moveHeld (60, step.y);
+        EXPECT_EQ (grid.firstRow, step.firstRow) << "mouse at " << step.y;
     }
-    lone.release ({ 60.0f, -16.0f });
+    lone.mouse ({ 60, -16 }, {});
 
     grid.showProgram (1, 127);
-    lone.press ({ 60.0f, 40.0f });
-    lone.moveHeld ({ 60.0f, 400.0f });
-    lone.moveHeld ({ 60.0f, 410.0f });
-    lone.release ({ 60.0f, 410.0f });
+    lone.press ({ 60, 40 });
+    lone.moveHeld (60, 400);
+    lone.moveHeld (60, 410);
+    lone.mouse ({ 60, 410 }, {});
     EXPECT_EQ (grid.firstRow, 119);
 }
 
@@ -285,7 +239,7 @@ TEST (Grid, ScrollBarOnlyWhenRowsDoNotFit)
     for (const auto& [rows, bar] : { std::pair { 9, false }, { 10, true }, { 128, true } })
     {
         for (int program = 0; program < 128; ++program)
-            lone.setCategory (6, program, program < rows ? 9 : 0);
+            lone.setWord (6, program, 150, program < rows ? 9 : 0);
         lone.grid.Populate (1, 9);
         ASSERT_EQ (lone.grid.rowCount, rows);
         EXPECT_EQ (! difference (empty, lone.render(), strip).isEmpty(), bar) << rows << " rows";
@@ -294,23 +248,24 @@ TEST (Grid, ScrollBarOnlyWhenRowsDoNotFit)
 
 TEST (Grid, NameShowsTwelveCharactersPerLine)
 {
+    // The widest letter everywhere, then one narrow letter in its place: the change shows on the
+    // line of that character, at its start or at its end. Line 1 has its baseline at 17, line 2 at
+    // 31, and the name starts at x 51.
     LoneGrid lone;
-    const juce::String wide = juce::String::repeatedString ("W", 24);
-    lone.setName (0, 0, wide);
+    const auto setName = [&] (int narrow)
+    {
+        for (int i = 0; i < 24; ++i)
+            lone.setWord (0, 0, 151 + i, i == narrow ? 'i' : 'W');
+    };
+    setName (-1);
     lone.grid.Populate (0, 0);
     const auto before = lone.render();
 
-    // Line 1 has its baseline at 17, line 2 at 31; the name starts at x 51.
-    const struct
-    {
-        int character;
-        int line;
-        bool atLineStart;
-    } cases[] = { { 0, 1, true }, { 11, 1, false }, { 12, 2, true }, { 23, 2, false } };
+    const struct { int character, line; bool atLineStart; } cases[] = { { 0, 1, true }, { 11, 1, false }, { 12, 2, true }, { 23, 2, false } };
     for (const auto& c : cases)
     {
         SCOPED_TRACE (c.character);
-        lone.setName (0, 0, wide.replaceSection (c.character, 1, "i"));
+        setName (c.character);
         const auto changed = difference (before, lone.render(), { 0, 3, 234, 33 });
         ASSERT_FALSE (changed.isEmpty());
         EXPECT_TRUE (c.line == 1 ? changed.getBottom() <= 19 : changed.getY() >= 19);
@@ -320,27 +275,25 @@ TEST (Grid, NameShowsTwelveCharactersPerLine)
 
 TEST_F (GridWindow, OpensOnTheCurrentProgram)
 {
-    const struct
-    {
-        int bank, program, firstRow;
-    } cases[] = { { 1, 100, 100 }, { 6, 125, 119 }, { 7, 3, 3 } };
+    const struct { int bank, program, firstRow; } cases[] = { { 1, 100, 100 }, { 6, 125, 119 }, { 7, 3, 3 } };
     for (const auto& c : cases)
     {
         state().bankNumber = c.bank;
         state().programNumber = c.program;
-        openBanks();
+        toggleBanks();
+        ASSERT_TRUE (main().bankPanelShown);
         EXPECT_EQ (grid().rowBanks[0], c.bank);
         EXPECT_EQ (grid().selectedRow, c.program);
         EXPECT_EQ (grid().firstRow, c.firstRow);
         EXPECT_TRUE (banks().bankButtons[c.bank]->toggleState);
-        click (centreOf (toolButton ("BANK")));
+        toggleBanks();
         EXPECT_FALSE (main().bankPanelShown);
     }
 }
 
 TEST_F (GridWindow, BankButtonsListTheirBank)
 {
-    openBanks();
+    toggleBanks();
     for (int bank : { 2, 7, 0 })
     {
         click (centreOf (*banks().bankButtons[bank]));
@@ -353,11 +306,8 @@ TEST_F (GridWindow, BankButtonsListTheirBank)
         EXPECT_FALSE (banks().categoryButton.toggleState);
     }
 
-    // The grid lists what the bank holds: a row press selects that program.
-    const auto row = at (grid(), { 100, 36 * 4 + 10 });
-    press (row);
-    release (row);
-    pump();
+    // A press on the fifth row shown selects program 5 of the bank.
+    click (at (grid(), { 100, 36 * 4 + 10 }));
     EXPECT_EQ (grid().action, IvrGrid::actionRow);
     EXPECT_EQ (grid().selectedRow, 4);
     EXPECT_EQ (grid().selectedBank, 0);
@@ -366,7 +316,7 @@ TEST_F (GridWindow, BankButtonsListTheirBank)
 
 TEST_F (GridWindow, CheckAndLibrary)
 {
-    openBanks();
+    toggleBanks();
     for (bool expected : { true, false, true })
     {
         click (at (banks().useLoadedDataCheck, { 8, 7 }));
