@@ -218,7 +218,12 @@ TEST_F (WriteDialog, CancelsChangeNothing)
     EXPECT_EQ (dialog().getBounds(), main().getLocalBounds());
     EXPECT_EQ (lcd().positionLine, "B:041");
 
-    // The editor may close with the name editor open and typing.
+    // The dialog and the editor may close with the name editor open and typing.
+    clickName();
+    click (centreOf (dialog().cancelButton));
+    EXPECT_EQ (main().writeDialog, nullptr);
+    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr);
+    clickWrite();
     clickName();
     ASSERT_NE (dialog().renameBox, nullptr);
     closeEditor();
