@@ -206,7 +206,7 @@ void IvrGrid::mouseDrag (const juce::MouseEvent& e)
             return;
         lastThumbPosition = position;
         thumbPosition = limitedScroll (position);
-        firstRow = juce::jmin (thumbPosition, rowCount - 1);
+        firstRow = juce::jmax (0, juce::jmin (thumbPosition, rowCount - 1));
         repaint();
     }
     else if (inList)
