@@ -403,9 +403,10 @@ void MainComp::IvrBankAct (IvrGrid* grid)
         case IvrGrid::actionRow:
             if (! useLoadedData)
             {
-                // Through the host, which selects the bank and then the program on the instrument.
-                state->handler->SendParam (89, state->normalisedFor (89, bank));
-                state->handler->SendParam (56, state->normalisedFor (56, program));
+                // The host hears the bank and the program as its parameters 89 and 56. The instrument
+                // is told directly as well: the host's echo drops a value of 0, so bank A and the
+                // first program of a bank would never reach it that way.
+                state->PROGRAM_MESSAGE (bank, program, true, true);
             }
             else if (juce::isPositiveAndBelow (bank, (int) state->banks.size()))
             {
