@@ -186,6 +186,8 @@ private:
     void writeDialogAct (juce::ChangeBroadcaster* source);
     // Answers the bank window's buttons by their action code.
     void bankPanelAct();
+    // The grid's copies of the banks take the live banks' contents.
+    void copyLiveBanks (IvrGrid& grid);
     // Set_Bank_PRG as the grid stands, its scroll position and selection kept where they still exist.
     void refreshGridKeepingScroll();
 

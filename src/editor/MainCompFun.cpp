@@ -128,15 +128,20 @@ void MainComp::Transmit_Program_From_Bank (int bank, int program)
 
 void MainComp::Set_Bank_PRG (int mode, int value)
 {
-    // Bank H-XL is shown like the others, so the grid's eighth copy is refreshed as well.
     auto& grid = bankPanel->grid;
-    for (int bank = 0; bank < (int) state->banks.size(); ++bank)
-        if (auto* store = state->banks[(size_t) bank]; store != nullptr && store->bankData.getSize() == (size_t) AutoBank::bankBytes)
-            grid.copyBank (bank, *store);
+    copyLiveBanks (grid);
 
     bankPanel->setListing (mode, value);
     grid.Populate (mode, value);
     grid.repaint();
+}
+
+void MainComp::copyLiveBanks (IvrGrid& grid)
+{
+    // Bank H-XL is shown like the others, so the grid's eighth copy is refreshed as well.
+    for (int bank = 0; bank < (int) state->banks.size(); ++bank)
+        if (auto* store = state->banks[(size_t) bank]; store != nullptr && store->bankData.getSize() == (size_t) AutoBank::bankBytes)
+            grid.copyBank (bank, *store);
 }
 
 void MainComp::Display_Bank_PRG (int bank)

@@ -184,9 +184,7 @@ void MainComp::openWriteDialog()
     const int program = state->programNumber;
     const int category = state->editBuffer->patchData[150];
     auto& grid = writeDialog->grid;
-    for (int index = 0; index < 8 && index < (int) state->banks.size(); ++index)
-        if (auto* store = state->banks[(size_t) index]; store != nullptr && store->bankData.getSize() == (size_t) AutoBank::bankBytes)
-            grid.copyBank (index, *store);
+    copyLiveBanks (grid);
     grid.Populate (0, bank);
     grid.showProgram (bank, program);
     writeDialog->lcd.Set_LCD (bank, program, category, state->editBuffer->PatchGetName(), Category (category));
