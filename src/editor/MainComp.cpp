@@ -1,5 +1,8 @@
 #include "editor/MainComp.h"
 
+#include "device/MIDI_SETUP.h"
+#include "device/MIDI_scan.h"
+#include "plugin/MIDI_Sync.h"
 #include "device/MidiCntrState.h"
 #include "editor/AboutPanel.h"
 #include "editor/AdvCont.h"
@@ -53,6 +56,8 @@ MainComp::~MainComp()
     aboutPanel.reset();
     fileManager.reset();
     writeDialog.reset();
+    midiPanel.reset();
+    scanPanel.reset();
     progressBar.reset();
     messageBox.reset();
     updateHostBox.reset();
@@ -115,6 +120,7 @@ void MainComp::buildAppBar()
     addAndMakeVisible (*appBar);
     appBar->setBounds (0, 0, designWidth, 23);
     appBar->addChangeListener (this);
+    appBar->channelLabel.addChangeListener (this);
     appBar->channelLabel.text = "Chan: " + juce::String (state->midiChannel.load());
 }
 
@@ -252,6 +258,9 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
     if (source == &advancedPanel->closeButton)
         return Show_Window (106, ! advancedShown, 0);
 
+    if (source == &appBar->channelLabel)
+        return MidiChannelMenu();
+
     if (source == appBar.get())
     {
         if (appBar->action == AppBar::actionTick)
@@ -261,6 +270,14 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
 
     if (source == &editorPanel->lcd)
         return IvrLabAct (editorPanel->lcd.clickCode);
+
+    if (midiPanel != nullptr)
+    {
+        if (source == midiPanel.get())
+            return Config_MIDI (midiPanel->command, midiPanel->commandValue);
+        if (source == midiPanel->syncPanel.get())
+            return state->SetSyncModes (midiPanel->syncPanel->mode, midiPanel->syncPanel->values);
+    }
 
     if (aboutPanel != nullptr && source == aboutPanel.get())
         return Show_Window (102, false, 0);
@@ -292,4 +309,7 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
         if (source == &updateHostBox->okButton)
             return showUPHOST_Act (updateHostBox->program);
     }
+
+    if (scanPanel != nullptr && source == scanPanel.get())
+        return show_Scan (false);
 }

@@ -18,6 +18,8 @@ class FileMan;
 class IvrCont;
 class IvrGrid;
 class KeyBrd;
+class MIDI_Setup;
+class MIDI_scan;
 class MidiCntrState;
 class MsgCont;
 class ProgBar;
@@ -46,6 +48,14 @@ public:
     void resized() override;
     void ResizePanels();
     void Show_Window (int code, bool show, int extra);
+
+    //==============================================================================
+    // The MIDI page and the connection scan. `show_MIDI` and `Config_MIDI` (MainCompCom.cpp) open the
+    // page and carry out its commands; `show_Scan` (MainCompShow.cpp) opens and closes the scan.
+    void show_MIDI (bool show);
+    void Config_MIDI (int command, int value);
+    void MidiChannelMenu();
+    void show_Scan (bool show);
 
     //==============================================================================
     // The message box and the update-host box (MainCompShow.cpp). The box of `showMSG` has both
@@ -156,6 +166,9 @@ public:
     std::unique_ptr<FileMan> fileManager;
     std::unique_ptr<WriteSnd> writeDialog;
     bool writeDialogShown = false;
+    std::unique_ptr<MIDI_Setup> midiPanel;
+    bool midiPanelShown = false;
+    std::unique_ptr<MIDI_scan> scanPanel;
     std::unique_ptr<ProgBar> progressBar;
     std::unique_ptr<MsgCont> messageBox;
     std::unique_ptr<KeyBrd> keyboard;

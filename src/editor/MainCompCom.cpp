@@ -20,6 +20,7 @@ void MainComp::IvrButAct (int id)
         case 71:  state->Dump_Request (5, 0, 0); break;
         case 103: Show_Window (106, ! advancedShown, 0); break;
         case 968: Show_Window (102, ! aboutShown, 0); break;
+        case 77:  show_MIDI (! midiPanelShown); break;
         case 969: Show_Window (100, ! writeDialogShown, 0); break;
         case 70:  TransmitBuffer(); break;
         case 72:  PasteBuffer(); break;
@@ -109,3 +110,12 @@ void MainComp::AppTimerCallback()
             break;
     }
 }
+
+//==============================================================================
+// The MIDI page.
+
+void MainComp::show_MIDI (bool) {}
+
+void MainComp::Config_MIDI (int, int) {}
+
+void MainComp::MidiChannelMenu() {}

@@ -82,6 +82,10 @@ void MainComp::Show_Window (int code, bool show, int extra)
             }
             break;
 
+        case 104:
+            show_MIDI (show);
+            break;
+
         case 105:
             keyboardShown = show;
             if (show)
@@ -218,3 +222,5 @@ void MainComp::writeDialogAct (juce::ChangeBroadcaster* source)
             CategoryPopup (89, 0, 0);
     }
 }
+
+void MainComp::show_Scan (bool) {}
