@@ -35,5 +35,9 @@ public:
     juce::Array<int> values;
 
 private:
+    void showSlider (bool show);
+    void showModeMenu();
+    void chooseMode (int item);
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MIDI_Sync)
 };
