@@ -25,6 +25,16 @@ public:
     // 303 the clock source. A list of fewer than two entries opens no menu.
     void PopPorts (int which);
 
+    // The text of a clock source value, empty for a value without one.
+    static juce::String ClockSet (int value);
+
+    // Puts the panel's top left corner at (x, y) of the page and its children around it.
+    void placePanel (int x, int y);
+
+    // The box of a port list (300 inputs, 302 outputs, 301 the third list), in the page's
+    // coordinates: the area that opens its menu.
+    juce::Rectangle<int> listArea (int which) const;
+
     void mouseDown (const juce::MouseEvent& e) override;
     void paint (juce::Graphics& g) override;
     void changeListenerCallback (juce::ChangeBroadcaster* source) override;
@@ -46,5 +56,8 @@ public:
     std::unique_ptr<IvrBut> closeButton;
 
 private:
+    // A clock source value from the control or its menu: its text on the control, and command 303.
+    void clockChosen (int value);
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MIDI_Setup)
 };
