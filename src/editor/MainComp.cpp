@@ -206,7 +206,7 @@ void MainComp::ResizePanels()
 
     for (auto* box : { (juce::Component*) aboutPanel.get(), (juce::Component*) progressBar.get(),
                        (juce::Component*) messageBox.get(), (juce::Component*) updateHostBox.get(),
-                       (juce::Component*) writeDialog.get() })
+                       (juce::Component*) writeDialog.get(), (juce::Component*) midiPanel.get() })
         if (box != nullptr)
             box->setSize (getWidth(), getHeight());
 }

@@ -2,11 +2,16 @@
 
 #include "editor/MainComp.h"
 
+#include "device/MIDI_PORTS_Control.h"
+#include "device/MIDI_SETUP.h"
+#include "device/MIDI_scan.h"
 #include "device/MidiCntrState.h"
 #include "editor/AppBar.h"
 #include "editor/EditorPanel.h"
 #include "editor/KeyBrd.h"
 #include "editor/ProgBar.h"
+#include "editor/controls/Check_But.h"
+#include "plugin/MIDI_Sync.h"
 
 void MainComp::IvrButAct (int id)
 {
@@ -114,8 +119,163 @@ void MainComp::AppTimerCallback()
 //==============================================================================
 // The MIDI page.
 
-void MainComp::show_MIDI (bool) {}
+void MainComp::show_MIDI (bool show)
+{
+    midiPanelShown = show;
 
-void MainComp::Config_MIDI (int, int) {}
+    if (! show)
+    {
+        state->ReadWritePorts (1);
+        if (midiPanel != nullptr)
+        {
+            midiPanel->setVisible (false);
+            midiPanel.reset();
+        }
+        return;
+    }
 
-void MainComp::MidiChannelMenu() {}
+    if (midiPanel != nullptr)
+        return;
+
+    midiPanel = std::make_unique<MIDI_Setup>();
+    addAndMakeVisible (*midiPanel);
+    midiPanel->setBounds (getLocalBounds());
+    midiPanel->setAlwaysOnTop (false);
+    midiPanel->setAlwaysOnTop (true);
+    midiPanel->addChangeListener (this);
+    midiPanel->syncPanel->addChangeListener (this);
+
+    // The lists as the devices stand now: "NONE" first, then the ports in the manager's order, so
+    // that an entry's index less one is the index open_Device takes.
+    auto& ports = *state->portControl;
+    const auto list = [] (MIDI_PORTS_Control& control, bool isInput, juce::StringArray& names, juce::StringArray& shown)
+    {
+        control.updateDeviceList (isInput);
+        names.clear();
+        shown.clear();
+        shown.add ("NONE");
+        for (auto* entry : isInput ? control.midiInputs : control.midiOutputs)
+            names.add (entry->deviceInfo.name);
+        shown.addArray (names);
+    };
+    list (ports, true, ports.inputNames, midiPanel->inputList);
+    list (ports, false, ports.outputNames, midiPanel->outputList);
+
+    midiPanel->inputChoice = ports.currentInput + 1;
+    midiPanel->thirdChoice = ports.currentThird + 1;
+    midiPanel->outputChoice = ports.currentOutput + 1;
+    midiPanel->inputOpenLamp = ports.inputOpen;
+    midiPanel->outputOpenLamp = ports.outputOpen;
+    midiPanel->clockCheck->checked = state->localFlag;
+
+    midiPanel->placePanel ((getWidth() - 400) / 2, 120);
+
+    juce::Array<int> values;
+    for (int i = 0; i < juce::jmin ((int) state->syncValues.size(), state->syncValueCount.load()); ++i)
+        values.add (state->syncValues[(size_t) i]);
+    midiPanel->syncPanel->setUp (state->isLogicHost, state->syncMode, state->sampleRateIndex, values);
+
+    state->getPOLL();
+}
+
+void MainComp::Config_MIDI (int command, int value)
+{
+    auto& ports = *state->portControl;
+
+    switch (command)
+    {
+        case 201:
+            state->getPOLL();
+            return;
+
+        case 203:
+            midiPanelShown = false;
+            state->getPOLL();
+            state->ReadWriteIni (1);
+            show_MIDI (false);
+            return;
+
+        case 206:
+            state->localFlag = value == 1;
+            state->setIniSlot (43, value == 1 ? "1" : "0");
+            break;
+
+        case 211:
+        {
+            // A second scan command restarts an open scan.
+            if (state->scanActive)
+            {
+                state->scanActive = false;
+                if (scanPanel != nullptr)
+                {
+                    scanPanel->setVisible (false);
+                    scanPanel.reset();
+                }
+            }
+            show_Scan (! state->scanActive);
+            return;
+        }
+
+        case 300:
+        case 302:
+        {
+            const bool isInput = command == 300;
+            // The names as the devices stand now: the panel's list may be older.
+            juce::StringArray names;
+            for (const auto& info : isInput ? ports.backend.getInputDevices() : ports.backend.getOutputDevices())
+                names.add (info.name);
+
+            const int slot = isInput ? 0 : 1;
+            while (state->portNames.size() <= slot)
+                state->portNames.add ("NONE");
+            if (value == 0)
+                state->portNames.set (slot, "NONE");
+            else if (value >= 1 && value <= names.size())
+                state->portNames.set (slot, names[value - 1]);
+
+            // An output left for "NONE" stays open until the next start.
+            if (isInput && ports.currentInput >= 0)
+                ports.closeDevice (true, ports.currentInput);
+
+            if (value > 0)
+            {
+                ports.updateDeviceList (isInput);
+                state->open_Device (isInput, value - 1);
+            }
+
+            if (midiPanel != nullptr)
+            {
+                (isInput ? midiPanel->inputChoice : midiPanel->outputChoice) = value;
+                (isInput ? midiPanel->inputOpenLamp : midiPanel->outputOpenLamp) = isInput ? ports.inputOpen.load() : ports.outputOpen.load();
+                midiPanel->repaint();
+            }
+            break;
+        }
+
+        case 301:
+            break;
+
+        default:
+            return;
+    }
+
+    state->getPOLL();
+    state->ReadWriteIni (1);
+}
+
+void MainComp::MidiChannelMenu()
+{
+    juce::PopupMenu menu;
+    for (int channel = 1; channel <= 16; ++channel)
+        menu.addItem (channel, "Channel " + juce::String (channel));
+
+    // The channel takes effect at the next message; the settings are written with the next port
+    // or close command.
+    showMenu (std::move (menu), &appBar->channelLabel, [this] (int channel)
+    {
+        state->midiChannel = channel;
+        state->setIniSlot (41, juce::String (channel));
+        appBar->channelLabel.text = "Chan: " + juce::String (channel);
+        appBar->channelLabel.repaint();
+    });
+}
