@@ -107,22 +107,20 @@ struct LatencyPanelEditor : EditorHarness
         state().syncMode = state().iniSlotInt (17);
     }
 
-    MIDI_Sync& openPanel()
+    // Opens the MIDI page by its tool-bar button; the page sets the panel up from the state.
+    bool openPanel()
     {
         openReady();
-        auto& m = main();
-        m.midiPanel = std::make_unique<MIDI_Setup>();
-        auto& page = *m.midiPanel;
-        auto& sync = *page.syncPanel;
-        m.addAndMakeVisible (page);
-        page.setBounds (m.getLocalBounds());
-        page.addAndMakeVisible (sync);
-        sync.setBounds (552, 360, 320, 80);
-        sync.addChangeListener (&m);
-        sync.setUp (state().isLogicHost, state().syncMode, state().sampleRateIndex, syncValuesOf (state()));
-        pump();
-        return sync;
+        auto& bar = *main().appBar;
+        for (auto* b : bar.buttons)
+            if (b->id == 77 && b != bar.lockButton)
+                click (centreOf (*b));
+        const bool open = pumpUntil ([this] { return main().midiPanel != nullptr; });
+        sent(); // the page polls as it opens
+        return open;
     }
+
+    MIDI_Sync& sync() { return *main().midiPanel->syncPanel; }
 
     // Drags the slider's thumb from the track's middle to `x` of the slider; its new value.
     int slideTo (MIDI_Sync& panel, int x)
@@ -166,7 +164,8 @@ TEST (LatencyPanel, OtherHostSliderEditsTheValueOfTheRate)
         SCOPED_TRACE (text);
         LatencyPanelEditor editor (rate);
         editor.state().SetSyncModes (0, { 11, 12, 13, 14, 15, 16, 17 });
-        auto& panel = editor.openPanel();
+        ASSERT_TRUE (editor.openPanel());
+        auto& panel = editor.sync();
         EXPECT_EQ (panel.rateLabel.text, text);
         EXPECT_FALSE (panel.rangeLabel.isVisible());
         EXPECT_EQ (panel.slider.value, 11.0f + (float) index);
@@ -191,7 +190,8 @@ TEST (LatencyPanel, LogicHostPicksARangeOrTheUserValue)
     editor.poseAsLogicHost();
     EXPECT_EQ (editor.state().syncMode.load(), 402); // the first use
     editor.state().SetSyncModes (402, { 0, 0, 0, 0, 0, 0, 25 });
-    auto& panel = editor.openPanel();
+    ASSERT_TRUE (editor.openPanel());
+    auto& panel = editor.sync();
     EXPECT_EQ (panel.rangeLabel.text, "MEDIUM");
     EXPECT_FALSE (panel.slider.isVisible());
     EXPECT_NEAR (editor.clockDelay(), 31.0, 5.0);
