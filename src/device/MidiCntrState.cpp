@@ -18,15 +18,16 @@ MidiCntrState::MidiCntrState (MidiBackend* midiBackend) : backend (midiBackend)
 
 MidiCntrState::~MidiCntrState()
 {
+    // The input thread writes into the banks and the scan's reply pair: it stops before they are
+    // saved and freed.
+    if (portControl != nullptr)
+        portControl->closeDevice (true, portControl->currentInput);
+
     if (initialised)
     {
         ReadWriteIni (1);
         WriteDataFile();
     }
-
-    // The input thread writes into the banks: it stops before they go.
-    if (portControl != nullptr)
-        portControl->closeDevice (true, portControl->currentInput);
 
     for (int i = (int) banks.size() - 1; i >= 0; --i)
     {

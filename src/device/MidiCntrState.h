@@ -171,6 +171,7 @@ public:
     std::atomic<int> transferBank { 0 };
     bool transferTimerOn = false;
 
+    // Message thread only (and start-up and the destructor): the MIDI thread never touches them.
     juce::StringArray iniStrings;
 
     juce::Array<juce::uint16> autoParamA, paramMax, autoParamB;
@@ -193,7 +194,11 @@ public:
 
     std::atomic<bool> scanActive { false };
     std::atomic<bool> deviceOnline { false };
-    int scanInput = 0, scanOutput = 0;
+    // The port indices under test, set by the scan before it opens them.
+    std::atomic<int> scanInput { 0 }, scanOutput { 0 };
+    // The pair under test when a poll reply came during a scan. The MIDI thread leaves it here and
+    // the scan's next tick, on the message thread, stores it in slots 1 and 2.
+    std::atomic<int> scanReplyInput { -1 }, scanReplyOutput { -1 };
 
     // Guards the listener registrations and hostMidi.
     juce::CriticalSection lock;

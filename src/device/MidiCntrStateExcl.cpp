@@ -16,13 +16,13 @@ void MidiCntrState::MIDIExclRec (juce::Array<unsigned char> message)
     }
     else if (message[4] == 2)
     {
-        deviceOnline = true;
+        // The settings belong to the message thread: the scan's next tick stores this pair.
         if (scanActive)
         {
-            setIniSlot (1, juce::String (scanInput));
-            setIniSlot (2, juce::String (scanOutput));
-            ReadWriteIni (1);
+            scanReplyInput = scanInput.load();
+            scanReplyOutput = scanOutput.load();
         }
+        deviceOnline = true;
         Rec_Sound_Dump (message);
         Internal_UpdInt (0x480000);
     }
