@@ -2,6 +2,7 @@
 
 #include "editor/MainComp.h"
 
+#include "device/MIDI_scan.h"
 #include "device/MidiCntrState.h"
 #include "editor/AboutPanel.h"
 #include "editor/AdvCont.h"
@@ -41,6 +42,16 @@ void MainComp::Show_Window (int code, bool show, int extra)
                     aboutPanel->setVisible (false);
                     aboutPanel->exitModalState (0);
                     aboutPanel.reset();
+                }
+                // A scan opened behind the box goes with it.
+                if (state->scanActive)
+                {
+                    state->scanActive = false;
+                    if (scanPanel != nullptr)
+                    {
+                        scanPanel->setVisible (false);
+                        scanPanel.reset();
+                    }
                 }
             }
             break;
@@ -223,4 +234,21 @@ void MainComp::writeDialogAct (juce::ChangeBroadcaster* source)
     }
 }
 
-void MainComp::show_Scan (bool) {}
+void MainComp::show_Scan (bool show)
+{
+    if (scanPanel != nullptr)
+    {
+        scanPanel->setVisible (false);
+        scanPanel.reset();
+    }
+    state->scanActive = show;
+    if (! show)
+        return;
+
+    scanPanel = std::make_unique<MIDI_scan> (state);
+    addChildComponent (*scanPanel);
+    scanPanel->addChangeListener (this);
+    scanPanel->setAlwaysOnTop (true);
+    scanPanel->startScan (juce::jmax (0, (getWidth() - MIDI_scan::width) / 2), 40);
+    scanPanel->setVisible (true);
+}

@@ -1,6 +1,7 @@
 #include "plugin/PluginProcessor.h"
 
 #include "device/MIDI_PORTS_Control.h"
+#include "editor/MainComp.h"
 #include "plugin/HandlerComp.h"
 #include "plugin/PluginEditor.h"
 #include "sound/AutoBank.h"
@@ -471,5 +472,9 @@ void DeskerAudioProcessor::setCurrentProgramStateInformation (const void* data, 
 //==============================================================================
 juce::AudioProcessorEditor* DeskerAudioProcessor::createEditor()
 {
-    return new DeskerAudioProcessorEditor (*this);
+    auto* editor = new DeskerAudioProcessorEditor (*this);
+    // Settings that could not be read while the instrument is silent: look for it.
+    if (midiCntrState.iniFresh && ! midiCntrState.deviceOnline)
+        editor->getMainComp()->show_Scan (! midiCntrState.scanActive);
+    return editor;
 }
