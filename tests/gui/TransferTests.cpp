@@ -330,8 +330,9 @@ TEST_F (Transfer, LiveBanksStayValidWhileMenusRewriteThem)
         juce::ignoreUnused (processor.getProgramName ((i * 7) % 128));
     }));
 
-    const double end = juce::Time::getMillisecondCounterHiRes() + 1500;
-    for (int i = 0; juce::Time::getMillisecondCounterHiRes() < end; ++i, ++round)
+    // A fixed amount of work rather than a time: a slow machine takes longer, never does less.
+    constexpr int rounds = 60;
+    for (int i = 0; i < rounds; ++i, ++round)
     {
         if (! transferring())
             main().startTransfer (50, 0);
@@ -347,7 +348,7 @@ TEST_F (Transfer, LiveBanksStayValidWhileMenusRewriteThem)
     midi.join();
     audio.join();
     host.join();
-    std::cout << "[ rounds ] " << round.load() << std::endl;
-    EXPECT_GT (round.load(), 20);
+    for (auto* bank : state().banks) // written in place: the stores never moved
+        EXPECT_EQ (bank->bankData.getSize(), (size_t) AutoBank::bankBytes);
 }
 } // namespace
