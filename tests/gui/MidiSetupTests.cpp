@@ -165,6 +165,7 @@ TEST_F (MidiSetup, HotAreasExcludeTheirEdges)
         ASSERT_TRUE (pumpUntil ([this] { return openMenus().empty(); }));
     }
     EXPECT_TRUE (sentBytes().empty());
+    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr); // the host keeps the keyboard
 }
 
 TEST_F (MidiSetup, ClockCheckSetsTheFlagAndItsSlotAndTheClockSourceOnlyItsText)
