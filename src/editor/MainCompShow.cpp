@@ -250,5 +250,8 @@ void MainComp::show_Scan (bool show)
     scanPanel->addChangeListener (this);
     scanPanel->setAlwaysOnTop (true);
     scanPanel->startScan (juce::jmax (0, (getWidth() - MIDI_scan::width) / 2), 40);
+    // Under the splash it waits behind, and goes when the splash closes.
+    if (aboutPanel != nullptr)
+        scanPanel->toBehind (aboutPanel.get());
     scanPanel->setVisible (true);
 }

@@ -6,6 +6,7 @@
 #include "EditorHarness.h"
 #include "device/MIDI_PORTS_Control.h"
 #include "device/MIDI_scan.h"
+#include "editor/AboutPanel.h"
 
 #include <set>
 
@@ -259,6 +260,9 @@ TEST (ScanOpening, TheEditorOpensWithTheScanAfterFreshSettingsWhileOffLine)
         if (! c.scans)
             continue;
 
+        ASSERT_NE (h.main().aboutPanel, nullptr);
+        EXPECT_LT (h.main().getIndexOfChildComponent (h.main().scanPanel.get()),
+                   h.main().getIndexOfChildComponent (h.main().aboutPanel.get()));
         h.dismissSplash();
         EXPECT_EQ (h.main().scanPanel, nullptr);
         EXPECT_FALSE (h.state().scanActive);
