@@ -68,6 +68,12 @@ MIDI_Setup::MIDI_Setup()
     closeButton->InitializeMe (0, 0, 50, 18, false);
     closeButton->addChangeListener (this);
     addAndMakeVisible (*closeButton);
+
+    scanButton = std::make_unique<IvrBut> ("FIND", 211, 140);
+    scanButton->InitializeMe (0, 0, 50, 18, false);
+    scanButton->setTooltip ("Search every MIDI port for the Corvane");
+    scanButton->addChangeListener (this);
+    addAndMakeVisible (*scanButton);
 }
 
 MIDI_Setup::~MIDI_Setup() = default;
@@ -98,6 +104,7 @@ void MIDI_Setup::placePanel (int x, int y)
     titleLabel->setBounds (x, y + 10, 400, 14);
     clockSource->setBounds (x + 150, y + 198, 150, 32);
     closeButton->setBounds (x + 326, y + 320, 50, 18);
+    scanButton->setBounds (x + 266, y + 320, 50, 18);
     syncPanel->setBounds (x, y + panelHeight - 80, panelWidth - 80, 80);
     repaint();
 }
@@ -221,9 +228,9 @@ void MIDI_Setup::paint (juce::Graphics& g)
 
 void MIDI_Setup::changeListenerCallback (juce::ChangeBroadcaster* source)
 {
-    if (source == closeButton.get())
+    if (source == closeButton.get() || source == scanButton.get())
     {
-        command = 203;
+        command = source == closeButton.get() ? 203 : 211;
         sendChangeMessage();
     }
     else if (source == clockCheck.get())

@@ -54,6 +54,8 @@ public:
     int panelX = 20, panelY = 32, panelWidth = 400, panelHeight = 220;
     std::unique_ptr<IvrCont> clockSource;
     std::unique_ptr<IvrBut> closeButton;
+    // Starts a search for the instrument over every pair of ports (command 211).
+    std::unique_ptr<IvrBut> scanButton;
 
 private:
     // A clock source value from the control or its menu: its text on the control, and command 303.

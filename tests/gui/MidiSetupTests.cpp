@@ -4,6 +4,7 @@
 #include "EditorHarness.h"
 #include "device/MIDI_PORTS_Control.h"
 #include "device/MIDI_SETUP.h"
+#include "device/MIDI_scan.h"
 #include "editor/controls/Check_But.h"
 #include "editor/controls/IvrBut.h"
 #include "editor/controls/IvrCont.h"
@@ -220,6 +221,19 @@ TEST_F (MidiSetup, ClosingWritesThePortsFile)
         EXPECT_EQ (p.settingsWritten(), byButton);
         EXPECT_EQ (p.polls (p.synthA), byButton ? 2 : 1);
     }
+}
+
+TEST_F (MidiSetup, FindStartsTheScanAndASecondFindRestartsIt)
+{
+    openPage();
+    click (centreOf (*page().scanButton));
+    ASSERT_TRUE (pumpUntil ([this] { return main().scanPanel != nullptr; }));
+    EXPECT_TRUE (state().scanActive.load());
+    main().scanPanel->portIndex = 1; // where a restart begins again
+    click (centreOf (*page().scanButton));
+    ASSERT_TRUE (pumpUntil ([&] { return main().scanPanel != nullptr && main().scanPanel->portIndex == 0; }));
+    click (centreOf (*main().scanPanel)); // a click stops it
+    EXPECT_TRUE (pumpUntil ([this] { return main().scanPanel == nullptr; }));
 }
 
 TEST_F (MidiSetup, ChannelMenuSetsTheChannelOfTheNextMessageAndWritesNothing)
