@@ -75,11 +75,12 @@ struct CorvaneLink : ::testing::Test
 } // namespace
 
 // The poll is the edit-buffer request.
-TEST_F (CorvaneLink, PollTurnsTheStateOnLineFillsTheEditBufferAndSavesScannedPorts)
+TEST_F (CorvaneLink, PollTurnsTheStateOnLineFillsTheEditBufferAndRecordsTheScannedPair)
 {
     const auto sound = VirtualCorvane::makeProgram (5, 5, seed + 1);
     corvane.setEditBuffer (sound);
-    link.state.scanActive = true; // during a scan the reply saves the ports that found it
+    link.state.scanActive = true; // during a scan the reply records the pair that found it
+    const auto slotsBefore = juce::StringArray (link.state.iniStrings[1], link.state.iniStrings[2]);
     link.state.scanInput = 3;
     link.state.scanOutput = 4;
     link.state.getPOLL();
@@ -89,8 +90,10 @@ TEST_F (CorvaneLink, PollTurnsTheStateOnLineFillsTheEditBufferAndSavesScannedPor
     EXPECT_TRUE (link.state.deviceOnline);
     EXPECT_EQ (link.drainCodes(), (Codes { 0x500000, 0x440000, 0x480000 }));
     link.expectEditBuffer (sound, true);
-    EXPECT_EQ (link.state.iniSlotInt (1), 3);
-    EXPECT_EQ (link.state.iniSlotInt (2), 4);
+    EXPECT_EQ (link.state.scanReplyInput, 3);
+    EXPECT_EQ (link.state.scanReplyOutput, 4);
+    // The settings are the message thread's: the scan's next tick stores the pair.
+    EXPECT_EQ (juce::StringArray (link.state.iniStrings[1], link.state.iniStrings[2]), slotsBefore);
 }
 
 TEST_F (CorvaneLink, ReceivingOneBank)
