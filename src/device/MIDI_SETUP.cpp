@@ -104,7 +104,7 @@ void MIDI_Setup::placePanel (int x, int y)
     titleLabel->setBounds (x, y + 10, 400, 14);
     clockSource->setBounds (x + 150, y + 198, 150, 32);
     closeButton->setBounds (x + 326, y + 320, 50, 18);
-    scanButton->setBounds (x + 266, y + 320, 50, 18);
+    scanButton->setBounds (x + 326, y + 170, 50, 18);
     syncPanel->setBounds (x, y + panelHeight - 80, panelWidth - 80, 80);
     repaint();
 }

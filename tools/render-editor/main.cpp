@@ -1,7 +1,8 @@
 // Renders the editor into PNG files, as a musician sees it at the given widths:
-//   render-editor DIR [--advanced | --bank] [WIDTH...]   (default widths 1505 and 978)
+//   render-editor DIR [--advanced | --bank | --midi] [WIDTH...]   (default widths 1505 and 978)
 // writes DIR/editor-WIDTH.png, with --advanced the advanced page, DIR/editor-advanced-WIDTH.png,
-// with --bank the bank window open on bank A with its third row selected, DIR/editor-bank-WIDTH.png.
+// with --bank the bank window open on bank A with its third row selected, DIR/editor-bank-WIDTH.png,
+// with --midi the MIDI page, DIR/editor-midi-WIDTH.png.
 // Runs with a settings folder of its own, so that no user file is read or written, and with no
 // MIDI port open.
 
@@ -17,7 +18,7 @@ int main (int argc, char** argv)
 {
     if (argc < 2)
     {
-        std::cerr << "usage: render-editor DIR [--advanced | --bank] [WIDTH...]" << std::endl;
+        std::cerr << "usage: render-editor DIR [--advanced | --bank | --midi] [WIDTH...]" << std::endl;
         return 2;
     }
 
@@ -37,6 +38,8 @@ int main (int argc, char** argv)
             page = "advanced-";
         else if (juce::String (argv[i]) == "--bank")
             page = "bank-";
+        else if (juce::String (argv[i]) == "--midi")
+            page = "midi-";
         else
             widths.add (juce::jlimit (301, 1505, juce::String (argv[i]).getIntValue()));
     }
@@ -57,6 +60,10 @@ int main (int argc, char** argv)
             processor.editorHeight = (int) (width * 739.0 / 1505.0);
             std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
             auto& mainComp = *dynamic_cast<DeskerAudioProcessorEditor&> (*editor).getMainComp();
+            // A fresh settings folder with no instrument opens the search for it: not wanted here.
+            mainComp.show_Scan (false);
+            if (page == "midi-")
+                mainComp.show_MIDI (true);
             if (page == "advanced-")
                 mainComp.Show_Window (106, true, 0);
             if (page == "bank-")
