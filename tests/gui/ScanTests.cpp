@@ -156,6 +156,22 @@ TEST_F (Scan, FindsTheInstrumentBehindOnePairAmongSeveralAndASecondProcessorOpen
     EXPECT_TRUE (second.midiCntrState.deviceOnline);
 }
 
+// A reply while warning lines stand keeps the pair and leaves the panel on the warning page.
+TEST_F (Scan, AReplyWithWarningLinesStaysOnTheWarningPageUntilAClick)
+{
+    plug (2, 1);
+    startByHand();
+    scan().warningLines = juce::StringArray ("Local: OFF", "Clock: IN");
+    tickToEnd();
+    pump();
+    ASSERT_NE (main().scanPanel, nullptr);
+    EXPECT_EQ (scan().getHeight(), 90);
+    expectOpen (3, 2);
+    click (centreOf (scan()));
+    EXPECT_EQ (main().scanPanel, nullptr);
+    expectOpen (3, 2);
+}
+
 // On the scan's own timer: the whole of a 4 by 4 scan, its failure page, and silence after it.
 TEST_F (Scan, NothingAnswersInFourByFourWithinTenSecondsListsEveryPairAndPollsNoMore)
 {
