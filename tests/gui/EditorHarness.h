@@ -7,6 +7,7 @@
 #include "editor/EditorPanel.h"
 #include "editor/MainComp.h"
 #include "plugin/PluginEditor.h"
+#include "sound/AutoBank.h"
 
 #include <gtest/gtest.h>
 
@@ -96,6 +97,28 @@ public:
     EditorPanel& panel() { return *main().editorPanel; }
     AdvCont& advanced() { return *main().advancedPanel; }
     IvrCont& knob (int parameter) { return *panel().control (parameter); }
+
+    // A click on the tool bar's "BANK" button, which shows or hides the bank window.
+    void toggleBanks()
+    {
+        const bool shown = main().bankPanelShown;
+        for (auto* b : main().appBar->buttons)
+            if (b->label == "BANK")
+                click (centreOf (*b));
+        pumpUntil ([&] { return main().bankPanelShown != shown; });
+    }
+
+    // The bytes of every bank's store, bank A first.
+    std::vector<std::vector<int>> storesNow()
+    {
+        std::vector<std::vector<int>> stores;
+        for (auto* bank : state().banks)
+        {
+            auto* data = static_cast<const unsigned char*> (bank->bankData.getData());
+            stores.emplace_back (data, data + bank->bankData.getSize());
+        }
+        return stores;
+    }
 
     // Point `local` of `component`, in the editor's coordinates.
     juce::Point<float> at (juce::Component& component, juce::Point<int> local)
