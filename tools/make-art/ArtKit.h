@@ -14,6 +14,23 @@ const juce::Colour valueOrange { 0xfff59b58 };
 
 juce::Image makeImage (int width, int height, bool transparent);
 
+// A filmstrip of `frames` frames side by side: frame f starts at x = f * step, is clipped to
+// `frameWidth` by the image's height, and is drawn by draw (g, f) from its own origin.
+template <typename Draw>
+juce::Image filmstrip (int imageWidth, int height, int frames, int step, int frameWidth, Draw draw)
+{
+    auto image = makeImage (imageWidth, height, true);
+    juce::Graphics g (image);
+    for (int f = 0; f < frames; ++f)
+    {
+        juce::Graphics::ScopedSaveState save (g);
+        g.reduceClipRegion (step * f, 0, frameWidth, height);
+        g.setOrigin (step * f, 0);
+        draw (g, f);
+    }
+    return image;
+}
+
 // Adds a fine brushed grain to an area: streaks along x, from a fixed seed.
 void brush (juce::Image& image, juce::Rectangle<int> area, float strength, int seed);
 

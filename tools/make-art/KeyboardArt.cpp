@@ -193,14 +193,9 @@ juce::Image paintUOct127 (ArtBook&)
 
 juce::Image paintModWheelFilmstrip (ArtBook&)
 {
-    auto image = makeImage (1084, 112, true);
-    juce::Graphics g (image);
     const float cy = 56.0f, radius = 56.0f;
-    for (int f = 0; f < 35; ++f)
+    return filmstrip (1084, 112, 35, 31, 31, [=] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (31 * f, 0, 31, 112);
-        g.setOrigin (31 * f, 0);
 
         // The wheel is a drum seen from the front: its face is shaded as it curves away.
         const juce::Rectangle<float> face (4.0f, 1.0f, 23.0f, 110.0f);
@@ -237,8 +232,7 @@ juce::Image paintModWheelFilmstrip (ArtBook&)
         sides.addColour (0.75, juce::Colours::transparentBlack);
         g.setGradientFill (sides);
         g.fillRoundedRectangle (face, 3.0f);
-    }
-    return image;
+    });
 }
 
 juce::Image paintGlowOnly (ArtBook&)

@@ -147,28 +147,16 @@ void paintSelector (juce::Graphics& g, float angle)
 
 juce::Image paintKnobsBig (ArtBook&)
 {
-    auto image = makeImage (3419, 56, true);
-    juce::Graphics g (image);
-    for (int f = 0; f < KnobGeometry::knobFrames; ++f)
+    return filmstrip (3419, 56, KnobGeometry::knobFrames, 57, 56, [] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (57 * f, 0, 56, 56);
-        g.setOrigin (57 * f, 0);
         paintKnob (g, KnobGeometry::knobAngle (f));
-    }
-    return image;
+    });
 }
 
 juce::Image paintRotary (ArtBook&)
 {
-    auto image = makeImage (370, 60, true);
-    juce::Graphics g (image);
-    for (int f = 0; f < KnobGeometry::selectorFrames; ++f)
+    return filmstrip (370, 60, KnobGeometry::selectorFrames, 62, 60, [] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (62 * f, 0, 60, 60);
-        g.setOrigin (62 * f, 0);
         paintSelector (g, KnobGeometry::selectorAngle (f));
-    }
-    return image;
+    });
 }

@@ -159,16 +159,10 @@ juce::Image paintIledR1 (ArtBook&)
 
 juce::Image paintLedXx (ArtBook&)
 {
-    auto image = makeImage (28, 9, true);
-    juce::Graphics g (image);
-    for (int f = 0; f < 2; ++f)
+    return filmstrip (28, 9, 2, 15, 14, [] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (15 * f, 0, 14, 9);
-        g.setOrigin (15 * f, 0);
         led (g, { 4.0f, 1.5f, 6.0f, 6.0f }, juce::Colour (0xffffa62b), f == 1);
-    }
-    return image;
+    });
 }
 
 juce::Image paintChDn (ArtBook&) { return checkBox (2); }
@@ -177,16 +171,10 @@ juce::Image paintChOff (ArtBook&) { return checkBox (0); }
 
 juce::Image paintMidiLed (ArtBook&)
 {
-    auto image = makeImage (13, 7, true);
-    juce::Graphics g (image);
-    for (int f = 0; f < 2; ++f)
+    return filmstrip (13, 7, 2, 7, 6, [] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (7 * f, 0, 6, 7);
-        g.setOrigin (7 * f, 0);
         led (g, { 0.8f, 1.3f, 4.4f, 4.4f }, juce::Colour (0xffff3326), f == 1);
-    }
-    return image;
+    });
 }
 
 juce::Image paintRateSliderUp (ArtBook&) { return rateSlider (false); }

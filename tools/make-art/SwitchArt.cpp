@@ -72,18 +72,12 @@ void lever (juce::Graphics& g, juce::Point<float> pivot, juce::Point<float> tip,
 
 juce::Image horizontal (juce::Colour hue)
 {
-    auto image = makeImage (200, 50, true);
-    juce::Graphics g (image);
-    for (int f = 0; f < 2; ++f)
+    return filmstrip (200, 50, 2, 100, 100, [hue] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (100 * f, 0, 100, 50);
-        g.setOrigin (100 * f, 0);
         plate (g, { 5.0f, 3.0f, 90.0f, 28.0f }, { 18.0f, 13.0f, 64.0f, 8.0f });
         const float tipX = f == 0 ? 27.0f : 73.0f;
         lever (g, { 50.0f, 17.0f }, { tipX, 17.0f }, juce::Rectangle<float> (24.0f, 21.0f).withCentre ({ tipX, 16.0f }), hue);
-    }
-    return image;
+    });
 }
 } // namespace
 
@@ -93,16 +87,10 @@ juce::Image paintSwWhiteHor (ArtBook&) { return horizontal (juce::Colour (0xffd9
 
 juce::Image paintSwRedVer (ArtBook&)
 {
-    auto image = makeImage (100, 100, true);
-    juce::Graphics g (image);
-    for (int f = 0; f < 2; ++f)
+    return filmstrip (100, 100, 2, 50, 50, [] (juce::Graphics& g, int f)
     {
-        juce::Graphics::ScopedSaveState save (g);
-        g.reduceClipRegion (50 * f, 0, 50, 100);
-        g.setOrigin (50 * f, 0);
         plate (g, { 8.0f, 4.0f, 34.0f, 90.0f }, { 21.0f, 17.0f, 8.0f, 64.0f });
         const float tipY = f == 0 ? 73.0f : 27.0f;
         lever (g, { 25.0f, 49.0f }, { 25.0f, tipY }, juce::Rectangle<float> (21.0f, 24.0f).withCentre ({ 25.0f, tipY }), juce::Colour (0xffc8302a));
-    }
-    return image;
+    });
 }
