@@ -7,7 +7,6 @@ namespace
 {
 constexpr int buttonWidth = 70;
 constexpr int buttonHeight = 24;
-constexpr int menuRowY = 18;
 } // namespace
 
 BankComp::BankComp()
@@ -27,31 +26,13 @@ BankComp::BankComp()
         const auto text = bank < 7 ? "BANK " + juce::String::charToString ((juce::juce_wchar) (65 + bank)) : juce::String ("BANK H-XL");
         auto* button = bankButtons.add (new IvrBut (text, bank, 7));
         button->InitializeMe (85, 75 + 32 * bank, buttonWidth, buttonHeight, false);
+        addAndMakeVisible (*button);
+        button->addChangeListener (this);
     }
     categoryButton.InitializeMe (85, 336, buttonWidth, buttonHeight, false);
-    fileButton.InitializeMe (154, menuRowY, buttonWidth, buttonHeight, false);
-    midiButton.InitializeMe (232, menuRowY, buttonWidth, buttonHeight, false);
-    presetsButton.InitializeMe (310, menuRowY, buttonWidth, buttonHeight, false);
-    libraryButton.InitializeMe (388, menuRowY, buttonWidth, buttonHeight, false);
-
-    for (auto* button : bankButtons)
-        addAndMakeVisible (*button);
-    for (auto* button : { &categoryButton, &fileButton, &midiButton, &presetsButton, &libraryButton })
-        addAndMakeVisible (*button);
-    for (auto* button : buttons())
-        button->addChangeListener (this);
-
-    useLoadedDataCheck.caption = "Use Loaded Data";
-    useLoadedDataCheck.showCaption = true;
-    // The caption has the 70 pixels between the box and "FILE".
-    useLoadedDataCheck.fontHeight = 10.0f;
-    useLoadedDataCheck.setBounds (52, 21, 100, 15);
-    addAndMakeVisible (useLoadedDataCheck);
-    useLoadedDataCheck.addChangeListener (this);
-
-    grid.setBounds (170, 70, 270, 324);
-    grid.Initialize ({ 45, 95, 85, 0 });
-    addAndMakeVisible (grid);
+    addAndMakeVisible (categoryButton);
+    categoryButton.addChangeListener (this);
+    buildCommonParts (*this, 52);
 
     library = std::make_unique<LibComp>();
     addChildComponent (*library);

@@ -1,6 +1,7 @@
 #include "librarian/LibComp.h"
 
 #include "editor/controls/IvrResor.h"
+#include "librarian/BankComp.h"
 #include "sound/AutoBank.h"
 
 LibComp::LibComp()
@@ -25,27 +26,7 @@ LibComp::LibComp()
         button->addChangeListener (this);
     }
 
-    fileButton.InitializeMe (154, 18, 70, 24, false);
-    midiButton.InitializeMe (232, 18, 70, 24, false);
-    presetsButton.InitializeMe (310, 18, 70, 24, false);
-    libraryButton.InitializeMe (388, 18, 70, 24, false);
-    for (auto* button : { &fileButton, &midiButton, &presetsButton, &libraryButton })
-    {
-        addAndMakeVisible (*button);
-        button->addChangeListener (this);
-    }
-
-    useLoadedDataCheck.caption = "Use Loaded Data";
-    useLoadedDataCheck.showCaption = true;
-    // The caption has the 70 pixels between the box and "FILE".
-    useLoadedDataCheck.fontHeight = 10.0f;
-    useLoadedDataCheck.setBounds (54, 21, 100, 15);
-    addAndMakeVisible (useLoadedDataCheck);
-    useLoadedDataCheck.addChangeListener (this);
-
-    grid.setBounds (170, 70, 270, 324);
-    grid.Initialize ({ 45, 95, 85, 0 });
-    addAndMakeVisible (grid);
+    BankComp::buildCommonParts (*this, 54);
 }
 
 LibComp::~LibComp()
