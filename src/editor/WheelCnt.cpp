@@ -29,25 +29,25 @@ void WheelCnt::setScale (float newScale)
 
 void WheelCnt::setPosition (int newPosition)
 {
-    const float clamped = juce::jlimit (minimum, maximum, (float) newPosition);
-    if (clamped == position)
-        return;
-
-    position = clamped;
-    frame = (int) (position * frameFactor);
-    repaint();
+    place (newPosition);
 }
 
 void WheelCnt::moveTo (int newPosition)
 {
+    if (place (newPosition))
+        sendChangeMessage();
+}
+
+bool WheelCnt::place (int newPosition)
+{
     const float clamped = juce::jlimit (minimum, maximum, (float) newPosition);
     if (clamped == position)
-        return;
+        return false;
 
     position = clamped;
     frame = (int) (position * frameFactor);
-    sendChangeMessage();
     repaint();
+    return true;
 }
 
 void WheelCnt::mouseDown (const juce::MouseEvent& e)

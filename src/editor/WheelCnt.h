@@ -43,6 +43,8 @@ public:
 private:
     // Stores a position the user asked for, and tells MainComp when it moved.
     void moveTo (int newPosition);
+    // Clamps and shows a position; false when it was there already.
+    bool place (int newPosition);
     void paintWithoutStrip (juce::Graphics& g);
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (WheelCnt)
