@@ -12,28 +12,23 @@
 
 namespace
 {
-const juce::StringArray portNames { "Port A", "Port B", "Port C" };
-
-bool isPoll (const juce::MidiMessage& m)
-{
-    const auto* d = m.getRawData();
-    return m.getRawDataSize() == 6 && d[0] == 0xF0 && d[4] == 0x05;
-}
-
 struct ScanScene : EditorHarness
 {
-    // Ports "Port A" to "Port C" beside the silent "Corvane"; a virtual Corvane listens on output
-    // `hiddenOutput` and answers on input `hiddenInput` (0 to 2, -1 for none).
-    void plug (int hiddenInput, int hiddenOutput, VirtualCorvane::Faults faults = {})
+    static juce::String portName (int i) { return juce::String ("Port ") + (char) ('A' + i); }
+
+    // Ports "Port A" to "Port C" (1 to 3 in the lists) beside the silent "Corvane" (0); a virtual
+    // Corvane listens on output `hiddenOutput` and answers on input `hiddenInput` (0 to 2, -1 for none).
+    void plug (int hiddenInput, int hiddenOutput, bool late = false)
     {
-        VirtualCorvane::Faults silent;
+        VirtualCorvane::Faults silent, faults;
         silent.dropReplies = 1 << 30;
+        faults.late = late;
         device.corvane.setFaults (silent);
         hidden.setFaults (faults);
-        for (int i = 0; i < portNames.size(); ++i)
+        for (int i = 0; i < 3; ++i)
         {
-            sources.add (backend.addSource (portNames[i]));
-            destinations.add (backend.addDestination (portNames[i], i == hiddenOutput ? &hidden : nullptr));
+            sources.add (backend.addSource (portName (i)));
+            destinations.add (backend.addDestination (portName (i), i == hiddenOutput ? &hidden : nullptr));
         }
         if (hiddenInput >= 0)
             hidden.setOutput ([this, id = sources[hiddenInput]] (const juce::MidiMessage& m) { backend.sendFromSource (id, m); });
@@ -47,62 +42,26 @@ struct ScanScene : EditorHarness
     MIDI_PORTS_Control& ports() { return *state().portControl; }
 
     // Opens the scan with its timer stopped: the test ticks it.
-    void startByHand()
-    {
-        main().show_Scan (true);
-        scan().stopTimer();
-    }
+    void startByHand() { main().show_Scan (true); scan().stopTimer(); }
+    void tick() { scan().timerCallback(); backend.deliverPending(); }
 
-    void tick()
+    // Polls logged on `ids` since the last call.
+    int polls (const juce::StringArray& ids)
     {
-        scan().timerCallback();
-        backend.deliverPending();
-    }
-
-    void tickToEnd()
-    {
-        for (int i = 0; i < 500 && main().scanPanel != nullptr && scan().waitingReply; ++i)
-            tick();
-    }
-
-    int pollsTo (const juce::String& destination)
-    {
-        int polls = 0;
-        for (auto& t : backend.messagesTo (destination))
-            polls += isPoll (t.message) ? 1 : 0;
-        return polls;
-    }
-
-    int pollsToAll()
-    {
-        int polls = 0;
-        for (auto& id : destinations)
-            polls += pollsTo (id);
-        return polls;
-    }
-
-    void clearLogs()
-    {
-        for (auto& id : destinations)
+        int count = 0;
+        for (auto& id : ids)
+        {
+            for (auto& t : backend.messagesTo (id))
+                count += t.message.getRawDataSize() == 6 && t.message.getRawData()[0] == 0xF0 && t.message.getRawData()[4] == 0x05;
             backend.clearLog (id);
-    }
-
-    juce::StringArray savedSettings() { return MidiCntrState::ParseIniText (folder.dir.getChildFile ("tkplugsts.dat").loadFileAsString()); }
-
-    juce::StringArray savedPorts()
-    {
-        MidiCntrState reader { &backend };
-        reader.settingsFolder = folder.dir;
-        reader.ReadWritePorts (0);
-        return reader.portNames;
+        }
+        return count;
     }
 
     void expectOpen (int input, int output)
     {
-        EXPECT_EQ (ports().currentInput, input);
-        EXPECT_EQ (ports().currentOutput, output);
-        EXPECT_EQ (ports().inputOpen.load(), input >= 0);
-        EXPECT_EQ (ports().outputOpen.load(), output >= 0);
+        EXPECT_EQ (std::tuple (ports().currentInput, ports().currentOutput, ports().inputOpen.load(), ports().outputOpen.load()),
+                   std::tuple (input, output, input >= 0, output >= 0));
     }
 
     void expectFound (int input, int output)
@@ -110,11 +69,10 @@ struct ScanScene : EditorHarness
         ASSERT_TRUE (pumpUntil ([this] { return main().scanPanel == nullptr; }));
         EXPECT_FALSE (state().scanActive);
         expectOpen (input, output);
-        EXPECT_EQ (state().iniStrings[1], juce::String (input));
-        EXPECT_EQ (state().iniStrings[2], juce::String (output));
-        const auto settings = savedSettings();
-        EXPECT_EQ (settings[1], juce::String (input));
-        EXPECT_EQ (settings[2], juce::String (output));
+        const juce::StringArray slots { juce::String (input), juce::String (output) };
+        const auto saved = MidiCntrState::ParseIniText (folder.dir.getChildFile ("tkplugsts.dat").loadFileAsString());
+        EXPECT_EQ (juce::StringArray (state().iniStrings[1], state().iniStrings[2]), slots);
+        EXPECT_EQ (juce::StringArray (saved[1], saved[2]), slots);
     }
 
     VirtualCorvane hidden { 1, 7 };
@@ -125,55 +83,72 @@ struct Scan : ::testing::Test, ScanScene
 {
 };
 
-// Lists: inputs and outputs are "Corvane", then "Port A" to "Port C" at 1 to 3.
-TEST_F (Scan, FindsTheInstrumentBehindOnePairAmongSeveralAndASecondProcessorOpensItByName)
+// The remembered pair is tried first, then the pairs of one name, then the rest, the input changing
+// first. Warning lines keep the found pair on the warning page until a click. A hidden pair that is
+// the last candidate holds its replies until after its last poll, then lets them go on the tick that
+// moves on (0) or on the one that would fail (1).
+TEST (ScanFound, FindsTheInstrumentAmongSeveralPairsAndASecondProcessorOpensItByName)
 {
-    plug (2, 1);
-    startByHand();
-    tickToEnd();
+    struct Case
+    {
+        int hiddenInput, hiddenOutput;
+        bool warnings;
+        int lateTicks; // -1: replies at once
+    };
+    for (const auto c : { Case { 2, 1, false, -1 }, Case { 2, 1, true, -1 }, Case { 1, 2, false, 0 }, Case { 1, 2, false, 1 } })
+    {
+        SCOPED_TRACE (testing::Message() << "hidden " << c.hiddenInput << c.hiddenOutput << " warnings " << c.warnings << " late " << c.lateTicks);
+        ScanScene s;
+        s.plug (c.hiddenInput, c.hiddenOutput, c.lateTicks >= 0);
+        s.startByHand();
+        if (c.warnings)
+            s.scan().warningLines = juce::StringArray ("Local: OFF", "Clock: IN");
+        const auto lastPollSent = [&] { return s.scan().portIndex == s.scan().portCount - 1 && s.scan().tryIndex == s.scan().triesPerPort; };
+        for (int i = 0; i < 500 && s.main().scanPanel != nullptr && s.scan().waitingReply && ! (c.lateTicks >= 0 && lastPollSent()); ++i)
+            s.tick();
+        if (c.lateTicks >= 0)
+        {
+            ASSERT_TRUE (lastPollSent());
+            for (int i = 0; i < c.lateTicks; ++i)
+                s.tick();
+            EXPECT_GT (s.hidden.releaseLateReplies(), 0);
+            s.backend.deliverPending();
+            s.tick();
+        }
 
-    // The remembered pair first, then the pairs of one name, then the rest, the input changing first.
-    const juce::StringArray expectedStart { "- Tried IN: Corvane   OUT: Corvane", "- Tried IN: Port A   OUT: Port A",
-                                            "- Tried IN: Port B   OUT: Port B", "- Tried IN: Port C   OUT: Port C",
-                                            "- Tried IN: Port A   OUT: Corvane" };
-    for (int i = 0; i < expectedStart.size(); ++i)
-        EXPECT_EQ (scan().triedPairs[i], expectedStart[i]);
-    EXPECT_EQ (scan().triedPairs.strings.getLast(), "- Tried IN: Port C   OUT: Port B");
-    EXPECT_FALSE (scan().notConnected);
+        const juce::StringArray expectedStart { "- Tried IN: Corvane   OUT: Corvane", "- Tried IN: Port A   OUT: Port A",
+                                                "- Tried IN: Port B   OUT: Port B", "- Tried IN: Port C   OUT: Port C",
+                                                "- Tried IN: Port A   OUT: Corvane" };
+        for (int i = 0; i < expectedStart.size(); ++i)
+            EXPECT_EQ (s.scan().triedPairs[i], expectedStart[i]);
+        const auto in = ScanScene::portName (c.hiddenInput), out = ScanScene::portName (c.hiddenOutput);
+        EXPECT_EQ (s.scan().triedPairs.strings.getLast(), "- Tried IN: " + in + "   OUT: " + out);
+        EXPECT_FALSE (s.scan().notConnected);
+        if (c.warnings)
+        {
+            pump();
+            ASSERT_NE (s.main().scanPanel, nullptr);
+            s.expectOpen (3, 2);
+            s.click (s.centreOf (s.scan()));
+        }
+        s.expectFound (c.hiddenInput + 1, c.hiddenOutput + 1);
 
-    expectFound (3, 2);
-    const auto names = savedPorts();
-    EXPECT_EQ (names[0], "Port C");
-    EXPECT_EQ (names[1], "Port B");
-
-    DeskerAudioProcessor second { folder.dir, &backend };
-    auto& secondPorts = *second.midiCntrState.portControl;
-    ASSERT_TRUE (secondPorts.inputOpen && secondPorts.outputOpen);
-    EXPECT_EQ (secondPorts.midiInputs[secondPorts.currentInput]->deviceInfo.name, "Port C");
-    EXPECT_EQ (secondPorts.midiOutputs[secondPorts.currentOutput]->deviceInfo.name, "Port B");
-    second.midiCntrState.getPOLL();
-    backend.deliverPending();
-    EXPECT_TRUE (second.midiCntrState.deviceOnline);
+        DeskerAudioProcessor second { s.folder.dir, &s.backend };
+        auto& secondPorts = *second.midiCntrState.portControl;
+        ASSERT_TRUE (secondPorts.inputOpen && secondPorts.outputOpen);
+        EXPECT_EQ (secondPorts.midiInputs[secondPorts.currentInput]->deviceInfo.name, in);
+        EXPECT_EQ (secondPorts.midiOutputs[secondPorts.currentOutput]->deviceInfo.name, out);
+        second.midiCntrState.getPOLL();
+        s.backend.deliverPending();
+        s.hidden.releaseLateReplies();
+        s.backend.deliverPending();
+        EXPECT_TRUE (second.midiCntrState.deviceOnline);
+    }
 }
 
-// A reply while warning lines stand keeps the pair and leaves the panel on the warning page.
-TEST_F (Scan, AReplyWithWarningLinesStaysOnTheWarningPageUntilAClick)
-{
-    plug (2, 1);
-    startByHand();
-    scan().warningLines = juce::StringArray ("Local: OFF", "Clock: IN");
-    tickToEnd();
-    pump();
-    ASSERT_NE (main().scanPanel, nullptr);
-    EXPECT_EQ (scan().getHeight(), 90);
-    expectOpen (3, 2);
-    click (centreOf (scan()));
-    EXPECT_EQ (main().scanPanel, nullptr);
-    expectOpen (3, 2);
-}
-
-// On the scan's own timer: the whole of a 4 by 4 scan, its failure page, and silence after it.
-TEST_F (Scan, NothingAnswersInFourByFourWithinTenSecondsListsEveryPairAndPollsNoMore)
+// On the scan's own timer: the whole of a 4 by 4 scan, its failure page, and silence after it. Then a
+// click on the panel, there and at earlier stages, ends the scan with the ports as they were.
+TEST_F (Scan, NothingAnswersInFourByFourWithinTenSecondsListsEveryPairAndPollsNoMoreAndAClickStopsIt)
 {
     plug (-1, -1);
     const double start = juce::Time::getMillisecondCounterHiRes();
@@ -183,76 +158,36 @@ TEST_F (Scan, NothingAnswersInFourByFourWithinTenSecondsListsEveryPairAndPollsNo
     std::cout << "[ 4x4 scan that finds nothing ] " << juce::roundToInt (elapsed) << " ms" << std::endl;
     EXPECT_LT (elapsed, 10000.0);
 
-    std::set<juce::String> pairs (scan().triedPairs.begin(), scan().triedPairs.end());
+    EXPECT_EQ (std::set<juce::String> (scan().triedPairs.begin(), scan().triedPairs.end()).size(), 16u);
     EXPECT_EQ (scan().triedPairs.size(), 16);
-    EXPECT_EQ (pairs.size(), 16u);
     for (auto& id : destinations)
-        EXPECT_EQ (pollsTo (id), 4 * MIDI_scan::pollsPerPair);
+        EXPECT_EQ (polls ({ id }), 4 * MIDI_scan::pollsPerPair);
     EXPECT_TRUE (scan().helpLink->isVisible());
-    EXPECT_TRUE (scan().helpLink->getURL().toString (true).endsWith ("#if-the-instrument-does-not-answer"));
-    EXPECT_EQ (scan().getHeight(), scan().panelHeight);
     EXPECT_TRUE (state().scanActive);
     expectOpen (0, 0);
-
-    clearLogs();
     pump (4 * MIDI_scan::tickMs);
     backend.deliverPending();
-    EXPECT_EQ (pollsToAll(), 0);
+    EXPECT_EQ (polls (destinations), 0);
     EXPECT_EQ (state().iniStrings[1], "-1");
-}
 
-// The hidden pair is the last candidate; its replies are held and let go after its last poll.
-TEST (ScanLastTry, AReplyToTheLastPollOfTheLastPairIsSeenOnTheNextTickAndCountsAsFound)
-{
-    struct Case
-    {
-        const char* name;
-        int ticksAfterLastPoll; // before the replies are let go
-    };
-    for (const auto c : { Case { "on the tick that moves on", 0 }, Case { "on the tick that would fail", 1 } })
-    {
-        SCOPED_TRACE (c.name);
-        ScanScene s;
-        VirtualCorvane::Faults late;
-        late.late = true;
-        s.plug (1, 2, late);
-        s.startByHand();
-        for (int i = 0; i < 500 && ! (s.state().scanInput == 2 && s.state().scanOutput == 3 && s.scan().tryIndex == s.scan().triesPerPort); ++i)
-            s.tick();
-        ASSERT_EQ (s.scan().portIndex, s.scan().portCount - 1);
-
-        for (int i = 0; i < c.ticksAfterLastPoll; ++i)
-            s.tick();
-        EXPECT_GT (s.hidden.releaseLateReplies(), 0);
-        s.backend.deliverPending();
-        s.tick();
-        EXPECT_FALSE (s.scan().notConnected);
-        s.expectFound (2, 3);
-    }
-}
-
-// A click on the panel, at any stage, ends the scan with the ports as they were.
-TEST_F (Scan, AClickStopsItAtAnyStageAndTheEarlierPortsAreOpenAgain)
-{
-    plug (-1, -1);
-    for (const int ticks : { 0, 1, 6, 500 })
+    for (const int ticks : { -1, 0, 1, 6 }) // -1: the failure page as it stands
     {
         SCOPED_TRACE (ticks);
-        startByHand();
-        for (int i = 0; i < ticks && scan().waitingReply; ++i)
+        if (ticks >= 0)
+            startByHand();
+        for (int i = 0; i < ticks; ++i)
             tick();
-        EXPECT_EQ (scan().notConnected, ticks == 500);
+        EXPECT_EQ (scan().notConnected, ticks < 0);
         if (ticks == 6)
             expectOpen (1, 1); // the second pair under test
-
-        clearLogs();
+        polls (destinations);
         click (centreOf (scan()));
         EXPECT_EQ (main().scanPanel, nullptr);
         EXPECT_FALSE (state().scanActive);
         expectOpen (0, 0);
         pump (2 * MIDI_scan::tickMs);
         backend.deliverPending();
-        EXPECT_EQ (pollsToAll(), 0);
+        EXPECT_EQ (polls (destinations), 0);
     }
 }
 
@@ -260,20 +195,17 @@ TEST_F (Scan, AClickStopsItAtAnyStageAndTheEarlierPortsAreOpenAgain)
 // splash that covers it takes it away, and the next editor opens with it again.
 TEST (ScanOpening, TheEditorOpensWithTheScanAfterFreshSettingsWhileOffLine)
 {
-    struct Case
+    for (const auto& [fresh, online] : { std::pair { true, false }, std::pair { true, true }, std::pair { false, false } })
     {
-        bool fresh, online, scans;
-    };
-    for (const auto c : { Case { true, false, true }, Case { true, true, false }, Case { false, false, false } })
-    {
-        SCOPED_TRACE (juce::String ("fresh ") + (c.fresh ? "1" : "0") + " online " + (c.online ? "1" : "0"));
+        SCOPED_TRACE (testing::Message() << "fresh " << fresh << " online " << online);
         EditorHarness h;
-        h.state().iniFresh = c.fresh;
-        h.state().deviceOnline = c.online;
+        h.state().iniFresh = fresh;
+        h.state().deviceOnline = online;
         h.openEditor();
-        EXPECT_EQ (h.main().scanPanel != nullptr, c.scans);
-        EXPECT_EQ (h.state().scanActive.load(), c.scans);
-        if (! c.scans)
+        const bool scans = fresh && ! online;
+        EXPECT_EQ (h.main().scanPanel != nullptr, scans);
+        EXPECT_EQ (h.state().scanActive.load(), scans);
+        if (! scans)
             continue;
 
         ASSERT_NE (h.main().aboutPanel, nullptr);
@@ -282,12 +214,10 @@ TEST (ScanOpening, TheEditorOpensWithTheScanAfterFreshSettingsWhileOffLine)
         h.dismissSplash();
         EXPECT_EQ (h.main().scanPanel, nullptr);
         EXPECT_FALSE (h.state().scanActive);
-
         h.closeEditor();
         h.openEditor();
         ASSERT_NE (h.main().scanPanel, nullptr);
-        EXPECT_TRUE (h.main().scanPanel->isTimerRunning());
-        EXPECT_TRUE (h.main().scanPanel->isVisible());
+        EXPECT_TRUE (h.main().scanPanel->isTimerRunning() && h.main().scanPanel->isVisible());
         h.closeEditor();
         EXPECT_FALSE (h.state().scanActive);
     }
@@ -309,11 +239,10 @@ TEST (ScanThreads, RepliesOnTheMidiThreadLeaveTheSettingsToTheMessageThread)
     std::atomic<bool> stop { false };
     std::atomic<int> rounds { 0 };
     std::thread midi ([&] {
-        while (! stop)
+        for (; ! stop; ++rounds)
         {
             state.getPOLL();
             linked.backend.deliverPending();
-            ++rounds;
         }
     });
 
@@ -329,8 +258,7 @@ TEST (ScanThreads, RepliesOnTheMidiThreadLeaveTheSettingsToTheMessageThread)
     }
     state.scanInput = 5;
     state.scanOutput = 6;
-    const int seen = rounds;
-    while (rounds < seen + 2)
+    for (const int seen = rounds; rounds < seen + 2;)
         std::this_thread::yield();
     stop = true;
     midi.join();
