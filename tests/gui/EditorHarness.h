@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace juce
@@ -46,6 +47,26 @@ bool pumpUntil (Condition done, int ms = 5000)
     while (! done() && juce::Time::getMillisecondCounterHiRes() < end)
         pump (5);
     return done();
+}
+
+// Counts the change messages of one broadcaster, delivered as the message loop would.
+struct Heard : juce::ChangeListener
+{
+    explicit Heard (juce::ChangeBroadcaster& b) : source (b) { source.addChangeListener (this); }
+    ~Heard() override { source.removeChangeListener (this); }
+    void changeListenerCallback (juce::ChangeBroadcaster*) override { ++count; }
+    int take() { return source.dispatchPendingMessages(), std::exchange (count, 0); }
+
+    juce::ChangeBroadcaster& source;
+    int count = 0;
+};
+
+// A mouse event at (x, y) of `c` for calling its handlers directly, pressed at `down`.
+inline juce::MouseEvent mouseAt (juce::Component& c, float x, float y, juce::Point<float> down = {})
+{
+    const auto now = juce::Time::getCurrentTime();
+    return { juce::Desktop::getInstance().getMainMouseSource(), { x, y }, {}, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f,
+             &c, &c, now, down, now, 1, false };
 }
 
 // A processor on in-process MIDI with the virtual Corvane, and its real editor in a window of its
