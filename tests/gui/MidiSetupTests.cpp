@@ -8,7 +8,6 @@
 #include "editor/controls/Check_But.h"
 #include "editor/controls/IvrBut.h"
 #include "editor/controls/IvrCont.h"
-#include "plugin/MIDI_Sync.h"
 
 namespace
 {
@@ -28,19 +27,18 @@ struct Page : EditorHarness
     void openPage()
     {
         openReady();
-        auto& bar = *main().appBar;
-        for (auto* b : bar.buttons)
+        for (auto* b : main().appBar->buttons)
             if (b->id == 77)
                 click (centreOf (*b));
         ASSERT_TRUE (main().midiPanel != nullptr);
     }
-    void clickPage (int dx, int dy) { click (at (page(), { page().panelX + dx, page().panelY + dy })); }
     void chooseIn (int which, const char* item)
     {
         click (at (page(), page().listArea (which).getCentre()));
         ASSERT_TRUE (chooseMenu ({ item }));
     }
 
+    // Polls logged on `destination` since the last call.
     int polls (const juce::String& destination)
     {
         const std::vector<int> poll { 0xF0, 0x04, 0x01, state().deviceId & 127, 0x05, 0xF7 };
@@ -69,41 +67,9 @@ struct Page : EditorHarness
 struct MidiSetup : ::testing::Test, Page {};
 } // namespace
 
-TEST_F (MidiSetup, OpensOnThePortsAsTheyStandPollsAndFollowsTheEditorsSize)
-{
-    openPage();
-    EXPECT_EQ (page().inputList, juce::StringArray ("NONE", "Corvane", "Keys A"));
-    EXPECT_EQ (page().outputList, juce::StringArray ("NONE", "Corvane", "Synth A"));
-    EXPECT_EQ (page().inputChoice * 10 + page().outputChoice, 11);
-    EXPECT_TRUE (page().inputOpenLamp && page().outputOpenLamp && page().clockCheck->checked);
-    EXPECT_EQ (page().panelX, (1505 - 400) / 2);
-    EXPECT_EQ (page().syncPanel->getBounds(), juce::Rectangle<int> (page().panelX, 120 + 270, 320, 80));
-    EXPECT_EQ (polls (device.inputId), 1);
-
-    editor->setSize (1200, 600);
-    pump();
-    EXPECT_EQ (page().getBounds(), main().getLocalBounds());
-
-    // The latency panel reaches the state through MainComp.
-    page().syncPanel->mode = 401;
-    page().syncPanel->sendChangeMessage();
-    EXPECT_TRUE (pumpUntil ([this] { return state().syncMode == 401; }));
-}
-
-TEST_F (MidiSetup, WithNoPortsBothListsHoldOnlyNoneAndOpenNoMenu)
-{
-    for (const auto& id : { device.inputId, device.outputId, keysA, synthA })
-        backend.removeDevice (id);
-    openPage();
-    EXPECT_EQ (page().inputList, juce::StringArray ("NONE"));
-    EXPECT_EQ (page().outputList, juce::StringArray ("NONE"));
-    for (const int dy : { 72, 122, 172 })
-    {
-        clickPage (150, dy);
-        EXPECT_TRUE (openMenus().empty()) << dy;
-    }
-}
-
+// The page opens on the ports as they stand and polls; each choice, and the clock check, then acts on
+// its port or flag, lights or darkens its lamp, polls on the output and writes the settings. `heard`:
+// the notes that reach the state, 60 from the Corvane and 61 from "Keys A".
 TEST_F (MidiSetup, EachChoiceActsOnItsPortPollsAndWritesTheSettings)
 {
     struct Row
@@ -111,113 +77,96 @@ TEST_F (MidiSetup, EachChoiceActsOnItsPortPollsAndWritesTheSettings)
         int which;
         const char* item;
         juce::StringArray names; // portNames[0] and [1] after the choice
-        bool inputOpen, outputOpen;
-        std::vector<int> heard; // 60 from the Corvane, 61 from "Keys A"
+        bool inputOpen;
+        std::vector<int> heard;
         bool pollToSynthA;
     };
     const Row rows[] = {
-        { 300, "Keys A", { "Keys A", "Corvane" }, true, true, { 61 }, false },
-        { 300, "NONE", { "NONE", "Corvane" }, false, true, {}, false },
+        { 301, "Keys A", { "Corvane", "Corvane" }, true, { 60 }, false }, // the third list offers the inputs and only polls
         // "NONE" for the output only stores the name: the output stays open until the next start.
-        { 302, "NONE", { "Corvane", "NONE" }, true, true, { 60 }, false },
-        { 302, "Synth A", { "Corvane", "Synth A" }, true, true, { 60 }, true },
-        // The third list offers the input names and only polls.
-        { 301, "Keys A", { "Corvane", "Corvane" }, true, true, { 60 }, false },
+        { 302, "NONE", { "Corvane", "NONE" }, true, { 60 }, false },
+        { 302, "Synth A", { "Corvane", "Synth A" }, true, { 60 }, true },
+        { 300, "Keys A", { "Keys A", "Synth A" }, true, { 61 }, true },
+        { 300, "NONE", { "NONE", "Synth A" }, false, {}, true },
     };
-
+    openPage();
+    EXPECT_TRUE (page().inputOpenLamp && page().outputOpenLamp);
+    EXPECT_EQ (polls (device.inputId), 1);
     for (const auto& row : rows)
     {
         SCOPED_TRACE (std::to_string (row.which) + " " + row.item);
-        Page p;
-        p.openPage();
-        ASSERT_TRUE (p.markSettings());
-        p.sent();
-        p.chooseIn (row.which, row.item);
-
-        EXPECT_EQ (p.state().portNames[0], row.names[0]);
-        EXPECT_EQ (p.state().portNames[1], row.names[1]);
-        EXPECT_EQ (p.ports().inputOpen.load(), row.inputOpen);
-        EXPECT_EQ (p.ports().outputOpen.load(), row.outputOpen);
-        EXPECT_EQ (p.page().inputOpenLamp, row.inputOpen);
-        EXPECT_EQ (p.page().outputOpenLamp, row.outputOpen);
-        const auto& list = row.which == 302 ? p.page().outputList : p.page().inputList;
-        const int choice = row.which == 300 ? p.page().inputChoice : row.which == 302 ? p.page().outputChoice : p.page().thirdChoice;
+        ASSERT_TRUE (markSettings());
+        chooseIn (row.which, row.item);
+        EXPECT_EQ (juce::StringArray (state().portNames[0], state().portNames[1]), row.names);
+        EXPECT_EQ (std::pair (ports().inputOpen.load(), ports().outputOpen.load()), std::pair (row.inputOpen, true));
+        EXPECT_EQ (std::pair (page().inputOpenLamp, page().outputOpenLamp), std::pair (row.inputOpen, true));
+        const auto& list = row.which == 302 ? page().outputList : page().inputList;
+        const int choice = row.which == 300 ? page().inputChoice : row.which == 302 ? page().outputChoice : page().thirdChoice;
         EXPECT_EQ (list[choice], row.item);
-        EXPECT_EQ (p.polls (row.pollToSynthA ? p.synthA : p.device.inputId), 1);
-        EXPECT_TRUE (p.settingsWritten());
-        EXPECT_EQ (p.notesHeard(), row.heard);
+        EXPECT_EQ (polls (row.pollToSynthA ? synthA : device.inputId), 1);
+        EXPECT_TRUE (settingsWritten());
+        EXPECT_EQ (notesHeard(), row.heard);
     }
-}
 
-TEST_F (MidiSetup, HotAreasExcludeTheirEdges)
-{
-    openPage();
-    sent();
-    const struct { int dx, dy; bool opens; } rows[] = {
-        { 20, 72, false }, { 21, 72, true }, { 309, 72, true }, { 310, 72, false }, { 150, 60, false },
-        { 150, 61, true }, { 150, 83, true }, { 150, 84, false }, { 150, 110, false }, { 150, 111, true },
-        { 150, 134, false }, { 150, 160, false }, { 150, 183, true }, { 150, 184, false }, { 150, 95, false },
-    };
-    for (const auto& row : rows)
-    {
-        clickPage (row.dx, row.dy);
-        EXPECT_EQ (! openMenus().empty(), row.opens) << row.dx << ", " << row.dy;
-        juce::PopupMenu::dismissAllActiveMenus();
-        ASSERT_TRUE (pumpUntil ([this] { return openMenus().empty(); }));
-    }
-    EXPECT_TRUE (sentBytes().empty());
-    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr); // the host keeps the keyboard
-}
-
-TEST_F (MidiSetup, ClockCheckSetsTheFlagAndItsSlotAndTheClockSourceOnlyItsText)
-{
-    openPage();
-    for (const auto* slot : { "0", "1" })
+    for (const bool on : { false, true }) // "Clock ON/OFF": the flag and its slot
     {
         ASSERT_TRUE (markSettings());
-        sent();
         click (centreOf (*page().clockCheck) - juce::Point<float> (140.0f, 0.0f));
-        EXPECT_EQ (state().localFlag.load(), juce::String (slot) == "1");
-        EXPECT_EQ (state().iniStrings[43], juce::String (slot));
+        EXPECT_EQ (state().localFlag.load(), on);
+        EXPECT_EQ (state().iniStrings[43], on ? "1" : "0");
         EXPECT_TRUE (settingsWritten());
-        EXPECT_EQ (polls (device.inputId), 1);
+        EXPECT_EQ (polls (synthA), 1);
     }
-
-    // The menu's sixth item is value 5, whose text is another.
-    ASSERT_TRUE (markSettings());
-    for (const auto& [item, text] : { std::pair { "EXTERNAL - SEQENCER", "EXTERNAL - SEQENCER" },
-                                      std::pair { "MIDI CLK IN - no Start/Stop", "MIDI NOTES ADV SEQ" } })
-    {
-        page().clockSource->action = IvrCont::actionMenu;
-        page().clockSource->sendChangeMessage();
-        ASSERT_TRUE (chooseMenu ({ item }));
-        EXPECT_EQ (page().clockSource->valueText, juce::String (text));
-    }
-    EXPECT_EQ (page().command, 303);
-    EXPECT_TRUE (sentBytes().empty());
-    EXPECT_EQ (settingsFile().loadFileAsString(), "stale");
 }
 
-TEST_F (MidiSetup, ClosingWritesThePortsFile)
+// With no ports both lists hold only "NONE" and open no menu; with ports, a list's hot area starts
+// one pixel inside it and the gaps between lists open nothing. The host keeps the keyboard.
+TEST (MidiSetupHotAreas, NoPortsOpenNoMenuAndHotAreasExcludeTheirEdges)
+{
+    for (const bool noPorts : { true, false })
+    {
+        Page p;
+        if (noPorts)
+            for (const auto& id : { p.device.inputId, p.device.outputId, p.keysA, p.synthA })
+                p.backend.removeDevice (id);
+        p.openPage();
+        p.sent();
+        EXPECT_EQ (p.page().inputList.joinIntoString (","), noPorts ? "NONE" : "NONE,Corvane,Keys A");
+        EXPECT_EQ (p.page().outputList.joinIntoString (","), noPorts ? "NONE" : "NONE,Corvane,Synth A");
+        const struct { int dx, dy; bool opens; } rows[] = { { 20, 72, false }, { 21, 72, true }, { 150, 60, false }, { 150, 95, false },
+                                                            { 150, 122, true }, { 150, 160, false }, { 150, 172, true } };
+        for (const auto& row : rows)
+        {
+            p.click (p.at (p.page(), { p.page().panelX + row.dx, p.page().panelY + row.dy }));
+            EXPECT_EQ (! p.openMenus().empty(), row.opens && ! noPorts) << noPorts << ": " << row.dx << ", " << row.dy;
+            juce::PopupMenu::dismissAllActiveMenus();
+            ASSERT_TRUE (pumpUntil ([&] { return p.openMenus().empty(); }));
+        }
+        EXPECT_TRUE (p.sentBytes().empty());
+        EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr);
+    }
+}
+
+// Closing by the button or from the editor writes the ports file; the button also polls and writes
+// the settings.
+TEST (MidiSetupClose, ClosingWritesThePortsFile)
 {
     for (const bool byButton : { true, false })
     {
+        SCOPED_TRACE (byButton);
         Page p;
         p.openPage();
         p.chooseIn (302, "Synth A");
         ASSERT_TRUE (p.markSettings());
         const auto portsFile = p.folder.dir.getChildFile ("tkplports.dat");
         ASSERT_TRUE (portsFile.deleteFile());
-
         if (byButton)
             p.click (p.centreOf (*p.page().closeButton));
         else
             p.main().Show_Window (104, false, 0);
-        ASSERT_TRUE (pumpUntil ([&] { return p.main().midiPanel == nullptr; })) << byButton;
-
+        ASSERT_TRUE (pumpUntil ([&] { return p.main().midiPanel == nullptr; }));
         EXPECT_FALSE (p.main().midiPanelShown);
-        EXPECT_TRUE (portsFile.loadFileAsString().startsWith ("Corvane\x0fSynth A\x10")) << byButton;
-        // The close button polls and writes the settings too.
+        EXPECT_TRUE (portsFile.loadFileAsString().startsWith ("Corvane\x0fSynth A\x10"));
         EXPECT_EQ (p.settingsWritten(), byButton);
         EXPECT_EQ (p.polls (p.synthA), byButton ? 2 : 1);
     }
@@ -231,9 +180,7 @@ TEST_F (MidiSetup, FindStartsTheScanAndASecondFindRestartsIt)
     EXPECT_TRUE (state().scanActive.load());
     main().scanPanel->portIndex = 1; // where a restart begins again
     click (centreOf (*page().scanButton));
-    ASSERT_TRUE (pumpUntil ([&] { return main().scanPanel != nullptr && main().scanPanel->portIndex == 0; }));
-    click (centreOf (*main().scanPanel)); // a click stops it
-    EXPECT_TRUE (pumpUntil ([this] { return main().scanPanel == nullptr; }));
+    EXPECT_TRUE (pumpUntil ([&] { return main().scanPanel != nullptr && main().scanPanel->portIndex == 0; }));
 }
 
 TEST_F (MidiSetup, ChannelMenuSetsTheChannelOfTheNextMessageAndWritesNothing)
