@@ -47,8 +47,7 @@ TEST (LatencyPanel, FaceByHostModeAndRate)
         panel.setUp (r.logicHost, r.mode, r.rateIndex, r.values);
         EXPECT_EQ (panel.rateLabel.text, r.rate);
         EXPECT_EQ (panel.rangeLabel.isVisible() ? panel.rangeLabel.text : juce::String ("(hidden)"), r.range);
-        EXPECT_EQ (panel.slider.isVisible(), r.sliderShown);
-        EXPECT_EQ (panel.sliderCaption.isVisible(), r.sliderShown);
+        EXPECT_EQ (std::pair (panel.slider.isVisible(), panel.sliderCaption.isVisible()), std::pair (r.sliderShown, r.sliderShown));
         EXPECT_EQ (std::tuple (panel.rateIndex, panel.mode, panel.slider.value), std::tuple (r.editedIndex, r.mode, r.sliderValue));
         EXPECT_EQ (panel.values, r.values);
     }
@@ -162,37 +161,25 @@ TEST (LatencyPanel, OtherHostSliderEditsTheValueOfTheRate)
     }
 }
 
-// On the Logic host, as start-up decides it (its saved mode stands), "USER" clears the seventh value,
-// a range keeps it, and the slider sets "USER" whatever the label says.
+// On the Logic host, as start-up decides it (its saved mode stands): a range keeps the seventh value,
+// the slider sets "USER" whatever the label says, and choosing "USER" clears the value.
 TEST (LatencyPanel, LogicHostPicksARangeOrTheUserValue)
 {
     LatencyPanelEditor editor (96000.0);
-    editor.state().hostPathOverride = "/Applications/Logic Pro X";
-    editor.state().isLogicHost = editor.state().getHostType() == 6 ? 1 : 0;
-    editor.state().syncMode = editor.state().iniSlotInt (17);
-    EXPECT_EQ (editor.state().syncMode.load(), 402); // the first use
-    editor.state().SetSyncModes (402, { 0, 0, 0, 0, 0, 0, 25 });
+    auto& state = editor.state();
+    state.hostPathOverride = "/Applications/Logic Pro X";
+    state.isLogicHost = state.getHostType() == 6 ? 1 : 0;
+    state.syncMode = state.iniSlotInt (17);
+    EXPECT_EQ (state.syncMode.load(), 402); // the first use
+    state.SetSyncModes (402, { 0, 0, 0, 0, 0, 0, 25 });
     ASSERT_TRUE (editor.openPanel());
     auto& panel = editor.sync();
     EXPECT_EQ (panel.rangeLabel.text, "MEDIUM");
-    EXPECT_FALSE (panel.slider.isVisible());
+    EXPECT_FALSE (panel.slider.isVisible() || panel.sliderCaption.isVisible());
     EXPECT_NEAR (editor.clockDelay(), 31.0, 5.0);
 
-    // "USER" starts from no delay until the slider moves.
-    ASSERT_TRUE (editor.chooseMode ("USER"));
-    EXPECT_TRUE (panel.slider.isVisible() && panel.sliderCaption.isVisible());
-    EXPECT_EQ (std::pair (editor.state().syncMode.load(), editor.state().iniSlotInt (17)), std::pair (400, 400));
-    EXPECT_EQ (syncValuesOf (editor.state())[6], 0);
-    EXPECT_NEAR (editor.clockDelay(), 0.0, 5.0);
-    const int value = editor.slideTo (60);
-    EXPECT_GT (value, 100);
-    EXPECT_EQ (syncValuesOf (editor.state()), (juce::Array<int> { 0, 0, 0, 0, 0, 0, value }));
-    EXPECT_EQ (editor.state().iniSlotInt (18), value);
-
     ASSERT_TRUE (editor.chooseMode ("LARGE"));
-    EXPECT_FALSE (panel.slider.isVisible() || panel.sliderCaption.isVisible());
-    EXPECT_EQ (editor.state().syncMode.load(), 403);
-    EXPECT_EQ (syncValuesOf (editor.state())[6], value);
+    EXPECT_EQ (std::pair (state.syncMode.load(), syncValuesOf (state)[6]), std::pair (403, 25));
     EXPECT_NEAR (editor.clockDelay(), 64.0, 5.0);
 
     // A menu closed with no choice changes nothing.
@@ -201,12 +188,20 @@ TEST (LatencyPanel, LogicHostPicksARangeOrTheUserValue)
     juce::PopupMenu::dismissAllActiveMenus();
     pump (100);
     EXPECT_EQ (panel.rangeLabel.text, "LARGE");
-    EXPECT_EQ (editor.state().syncMode.load(), 403);
+    EXPECT_EQ (state.syncMode.load(), 403);
 
     panel.slider.setVisible (true);
-    const int moved = editor.slideTo (30);
-    EXPECT_EQ (editor.state().syncMode.load(), 400);
-    EXPECT_EQ (syncValuesOf (editor.state())[6], moved);
-    EXPECT_NEAR (editor.clockDelay(), moved, 5.0);
+    const int value = editor.slideTo (60);
+    EXPECT_GT (value, 100);
+    EXPECT_EQ (std::pair (state.syncMode.load(), state.iniSlotInt (17)), std::pair (400, 400));
+    EXPECT_EQ (syncValuesOf (state), (juce::Array<int> { 0, 0, 0, 0, 0, 0, value }));
+    EXPECT_EQ (state.iniSlotInt (18), value);
+    EXPECT_NEAR (editor.clockDelay(), value, 5.0);
+
+    // "USER" starts from no delay until the slider moves.
+    ASSERT_TRUE (editor.chooseMode ("USER"));
+    EXPECT_TRUE (panel.slider.isVisible() && panel.sliderCaption.isVisible());
+    EXPECT_EQ (std::pair (state.syncMode.load(), syncValuesOf (state)[6]), std::pair (400, 0));
+    EXPECT_NEAR (editor.clockDelay(), 0.0, 5.0);
 }
 } // namespace
