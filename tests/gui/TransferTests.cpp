@@ -8,6 +8,8 @@
 #include "librarian/BankComp.h"
 #include "sound/AutoBank.h"
 
+#include <numeric>
+
 namespace
 {
 constexpr juce::int64 seed = 20261123;
@@ -31,24 +33,8 @@ struct Transfer : ::testing::Test, EditorHarness
         openReady();
         main().transferTickMs = 2;
         backend.deliverPending();
+        toggleBanks();
         sent();
-    }
-
-    std::vector<Bytes> storesNow()
-    {
-        std::vector<Bytes> stores;
-        for (auto* bank : state().banks)
-            stores.push_back (bytesOf (bank->bankData));
-        return stores;
-    }
-
-    void openBanks()
-    {
-        auto& bar = *main().appBar;
-        for (auto* b : bar.buttons)
-            if (b->id == 99 && b != bar.lockButton)
-                click (centreOf (*b));
-        ASSERT_TRUE (pumpUntil ([this] { return main().bankPanelShown; }));
     }
 
     bool midiMenu (const juce::StringArray& path)
@@ -66,12 +52,18 @@ struct Transfer : ::testing::Test, EditorHarness
         ASSERT_TRUE (pumpUntil ([this] { return ! transferring(); }));
     }
 
+    // Program `program` of a bank's store.
+    static Bytes programIn (const juce::MemoryBlock& block, int program = 0)
+    {
+        return bytesOf (juce::MemoryBlock (static_cast<const char*> (block.getData()) + program * AutoBank::programBytes, AutoBank::programBytes));
+    }
+
     // The program the instrument holds at a place, as the plug-in stores it.
     Bytes deviceProgramAsStored (int bank, int program)
     {
         AutoBank scratch (0);
         scratch.setStoredProgram (0, device.corvane.getProgram (bank, program));
-        return bytesOf (juce::MemoryBlock (scratch.bankData.getData(), AutoBank::programBytes));
+        return programIn (scratch.bankData);
     }
 
     // A stored program as the instrument keeps it once sent: what its dump can carry.
@@ -80,18 +72,12 @@ struct Transfer : ::testing::Test, EditorHarness
         const auto frame = state().banks[(size_t) bank]->Export_Syx_Bank_Rom_MB (program, program, state().deviceId, 0);
         AutoBank scratch (0);
         scratch.Import_Syx_MB (0, juce::MemoryBlock (static_cast<const char*> (frame.getData()) + 1, AutoBank::patchFrameBytes));
-        return bytesOf (juce::MemoryBlock (scratch.bankData.getData(), AutoBank::programBytes));
-    }
-
-    Bytes storedProgram (int bank, int program)
-    {
-        auto* data = static_cast<const char*> (state().banks[(size_t) bank]->bankData.getData());
-        return bytesOf (juce::MemoryBlock (data + program * AutoBank::programBytes, AutoBank::programBytes));
+        return programIn (scratch.bankData);
     }
 
     // Delivers one message at a time until `done`, pumping the editor after each; the labels the
     // progress box showed, in order, without repeats.
-    juce::StringArray deliverWatching (std::function<bool()> done, int limit = 20000)
+    juce::StringArray deliverWatching (std::function<bool()> done, int limit = 100000)
     {
         juce::StringArray labels;
         for (int i = 0; i < limit && ! done(); ++i)
@@ -108,116 +94,97 @@ struct Transfer : ::testing::Test, EditorHarness
     static std::vector<Bytes> place (int bank, int program) { return { { 0xB0, 0, 0 }, { 0xB0, 32, bank }, { 0xC0, program } }; }
 };
 
-TEST_F (Transfer, ReceiveOneBankFollowsEveryProgramAndReturnsTheInstrument)
+TEST_F (Transfer, ReceiveFollowsEveryProgramAndReturnsTheInstrument)
 {
-    state().programNumber = 9;
-    const auto before = storesNow();
-    openBanks();
-    ASSERT_TRUE (midiMenu ({ "Receive Program Bank ", "Bank C" }));
-    ASSERT_TRUE (transferring());
-    EXPECT_EQ (state().bankNumber.load(), 2);
-
-    const auto labels = deliverWatching ([this] { return ! transferring(); });
-    juce::StringArray expected;
-    for (int p = 1; p <= 127; ++p)
-        expected.add ("C:" + juce::String (p));
-    // The last program's label and the end come in one wake-up: the box goes with it.
-    EXPECT_EQ (labels.joinIntoString (" "), expected.joinIntoString (" "));
-    EXPECT_FALSE (transferring());
-    EXPECT_EQ (state().transferKind.load(), -1);
-
-    for (int p = 0; p < 128; ++p)
-        ASSERT_EQ (storedProgram (2, p), deviceProgramAsStored (2, p)) << "program " << p;
-    const auto after = storesNow();
-    for (int b = 0; b < 8; ++b)
-        EXPECT_TRUE (b == 2 || after[(size_t) b] == before[(size_t) b]) << "bank " << b;
-
-    backend.deliverPending();
-    const auto wire = sentBytes();
-    ASSERT_GE (wire.size(), 3u);
-    EXPECT_EQ (std::vector<Bytes> (wire.end() - 3, wire.end()), place (0, 9));
-    EXPECT_EQ (device.corvane.getBank(), 0);
-    EXPECT_EQ (device.corvane.getProgramNumber(), 9);
-}
-
-TEST_F (Transfer, ReceiveAllBanksFillsTheSevenAndLeavesH)
-{
-    const auto before = storesNow();
-    openBanks();
-    ASSERT_TRUE (midiMenu ({ "Receive All Banks" }));
-    const auto labels = deliverWatching ([this] { return ! transferring(); }, 100000);
-    EXPECT_EQ (labels[0], "A:1");
-    EXPECT_TRUE (labels.contains ("G:127"));
-    EXPECT_EQ (labels.size(), 7 * 128 - 1);
-
-    for (int b = 0; b < 7; ++b)
-        for (int p = 0; p < 128; ++p)
-            ASSERT_EQ (storedProgram (b, p), deviceProgramAsStored (b, p)) << "bank " << b << " program " << p;
-    EXPECT_EQ (storesNow()[7], before[7]);
-}
-
-TEST_F (Transfer, TransmitOneBankSendsBankSelectThenEveryProgramATickApart)
-{
-    main().transferTickMs = 15;
-    state().programNumber = 4;
-    openBanks();
-    ASSERT_TRUE (midiMenu ({ "Transmit Program Bank ", "Bank D" }));
-    ASSERT_TRUE (pumpUntil ([this] { return ! transferring(); }, 10000));
-
-    const auto log = sent();
-    std::vector<LinkedProcessor::Sent> dumps;
-    for (auto& m : log)
-        if (isDump (m.bytes))
-            dumps.push_back (m);
-    ASSERT_EQ (dumps.size(), 128u);
-    EXPECT_EQ (log[0].bytes, (Bytes { 0xB0, 0, 0 }));
-    EXPECT_EQ (log[1].bytes, (Bytes { 0xB0, 32, 3 }));
-    for (int p = 0; p < 128; ++p)
+    const struct { juce::StringArray path; int first, count; } cases[] = { { { "Receive Program Bank ", "Bank C" }, 2, 1 },
+                                                                            { { "Receive All Banks" }, 0, 7 } };
+    for (const auto& c : cases)
     {
-        EXPECT_EQ (dumps[(size_t) p].bytes, bytesOf (state().banks[3]->Export_Syx_Bank_Rom_MB (p, p, state().deviceId, 0))) << "program " << p;
-    }
-    // One a tick: a late tick makes the next one come sooner, so the pace shows over the whole run.
-    EXPECT_GE (dumps.back().timeMs - dumps.front().timeMs, 127 * 15.0 - 15.0);
-    std::vector<Bytes> tail;
-    for (auto it = log.end() - 3; it != log.end(); ++it)
-        tail.push_back (it->bytes);
-    EXPECT_EQ (tail, place (0, 4));
+        SCOPED_TRACE (c.count);
+        state().bankNumber = 0; // a transfer leaves the state on its bank
+        state().programNumber = 9;
+        const auto before = storesNow();
+        ASSERT_TRUE (midiMenu (c.path));
+        const auto labels = deliverWatching ([this] { return ! transferring(); });
+        EXPECT_EQ (state().transferKind.load(), -1);
 
-    backend.deliverPending();
-    for (int p = 0; p < 128; ++p)
-        ASSERT_EQ (deviceProgramAsStored (3, p), throughWire (3, p)) << "program " << p;
-    EXPECT_EQ (device.corvane.getBank(), 0);
+        // Every program's label in order; the last one's label and the end come in one wake-up.
+        EXPECT_EQ (labels.size(), c.count * 128 - 1);
+        for (int b = c.first, at = 0; b < c.first + c.count; ++b)
+            for (int p = 1; p < 128 && at >= 0; ++p)
+                EXPECT_GE (at = labels.indexOf (juce::String::charToString ((juce::juce_wchar) ('A' + b)) + ":" + juce::String (p), false, at), 0) << b << ":" << p;
+
+        const auto after = storesNow();
+        for (int b = 0; b < 8; ++b)
+        {
+            const bool received = b >= c.first && b < c.first + c.count;
+            EXPECT_TRUE (received || after[(size_t) b] == before[(size_t) b]) << "bank " << b;
+            for (int p = 0; p < 128 && received; ++p)
+                ASSERT_EQ (programIn (state().banks[(size_t) b]->bankData, p), deviceProgramAsStored (b, p)) << "bank " << b << " program " << p;
+        }
+
+        backend.deliverPending();
+        const auto wire = sentBytes();
+        ASSERT_GE (wire.size(), 3u);
+        EXPECT_EQ (std::vector<Bytes> (wire.end() - 3, wire.end()), place (0, 9));
+        EXPECT_EQ (device.corvane.getBank(), 0);
+        EXPECT_EQ (device.corvane.getProgramNumber(), 9);
+    }
 }
 
-TEST_F (Transfer, TransmitAllBanksSkipsProgramZeroOfEveryLaterBank)
+// Program 0 of the banks after the first is not sent.
+TEST_F (Transfer, TransmitSendsBankSelectThenEveryProgramATickApartAndReturnsTheInstrument)
 {
-    const auto untouched = device.corvane.getProgram (1, 0);
-    openBanks();
-    ASSERT_TRUE (midiMenu ({ "Transmit All Banks" }));
-    ASSERT_TRUE (pumpUntil ([this] { backend.deliverPending(); return ! transferring(); }, 20000));
-
-    int dumps = 0;
-    std::vector<int> bankSelects;
-    for (auto& m : sentBytes())
+    const struct { juce::StringArray path; int first, count, tickMs; } cases[] = { { { "Transmit Program Bank ", "Bank D" }, 3, 1, 15 },
+                                                                                   { { "Transmit All Banks" }, 0, 7, 2 } };
+    for (const auto& c : cases)
     {
-        dumps += isDump (m) ? 1 : 0;
-        if (m.size() == 3 && m[0] == 0xB0 && m[1] == 32)
-            bankSelects.push_back (m[2]);
-    }
-    EXPECT_EQ (dumps, 128 + 6 * 127);
-    EXPECT_EQ (bankSelects, (std::vector<int> { 0, 1, 2, 3, 4, 5, 6, 0 }));
+        SCOPED_TRACE (c.count);
+        state().bankNumber = 0; // a transfer leaves the state on its bank
+        main().transferTickMs = c.tickMs;
+        state().programNumber = 4;
+        const auto untouched = device.corvane.getProgram (c.first + 1, 0);
+        ASSERT_TRUE (midiMenu (c.path));
+        ASSERT_TRUE (pumpUntil ([this] { backend.deliverPending(); return ! transferring(); }, 20000));
 
-    EXPECT_EQ (device.corvane.getProgram (1, 0), untouched);
-    for (int b = 0; b < 7; ++b)
-        for (int p = b == 0 ? 0 : 1; p < 128; ++p)
-            ASSERT_EQ (deviceProgramAsStored (b, p), throughWire (b, p)) << "bank " << b << " program " << p;
+        const auto log = sent();
+        std::vector<LinkedProcessor::Sent> dumps;
+        std::vector<int> bankSelects;
+        for (auto& m : log)
+        {
+            if (isDump (m.bytes))
+                dumps.push_back (m);
+            else if (m.bytes.size() == 3 && m.bytes[0] == 0xB0 && m.bytes[1] == 32)
+                bankSelects.push_back (m.bytes[2]);
+        }
+        ASSERT_EQ (dumps.size(), (size_t) (128 + (c.count - 1) * 127));
+        EXPECT_EQ (log[0].bytes, (Bytes { 0xB0, 0, 0 }));
+        std::vector<int> selects (c.count + 1, 0);
+        std::iota (selects.begin(), selects.end() - 1, c.first);
+        EXPECT_EQ (bankSelects, selects);
+        for (size_t i = 0, b = (size_t) c.first; b < (size_t) (c.first + c.count); ++b)
+            for (int p = b == (size_t) c.first ? 0 : 1; p < 128; ++p, ++i)
+                ASSERT_EQ (dumps[i].bytes, bytesOf (state().banks[b]->Export_Syx_Bank_Rom_MB (p, p, state().deviceId, 0))) << "bank " << b << " program " << p;
+        // One a tick: a late tick makes the next one come sooner, so the pace shows over the whole run.
+        EXPECT_GE (dumps.back().timeMs - dumps.front().timeMs, (double) (dumps.size() - 2) * c.tickMs);
+        std::vector<Bytes> tail;
+        for (auto it = log.end() - 3; it != log.end(); ++it)
+            tail.push_back (it->bytes);
+        EXPECT_EQ (tail, place (0, 4));
+
+        backend.deliverPending();
+        for (int b = c.first; b < c.first + c.count; ++b)
+            for (int p = b == c.first ? 0 : 1; p < 128; ++p)
+                ASSERT_EQ (deviceProgramAsStored (b, p), throughWire (b, p)) << "bank " << b << " program " << p;
+        EXPECT_EQ (device.corvane.getProgram (c.first + 1, 0), untouched);
+        EXPECT_EQ (device.corvane.getBank(), 0);
+    }
 }
 
 TEST_F (Transfer, CancelStopsATransmissionAtOnceAndReturnsTheInstrument)
 {
     main().transferTickMs = 10;
     state().programNumber = 7;
-    openBanks();
     ASSERT_TRUE (midiMenu ({ "Transmit Program Bank ", "Bank B" }));
     ASSERT_TRUE (pumpUntil ([this] { return state().transferProgram >= 20; }));
     cancel();
@@ -225,9 +192,7 @@ TEST_F (Transfer, CancelStopsATransmissionAtOnceAndReturnsTheInstrument)
     pump (200);
     EXPECT_TRUE (sentBytes().empty()) << "nothing after the cancel";
 
-    int dumps = 0;
-    for (auto& m : wire)
-        dumps += isDump (m) ? 1 : 0;
+    const auto dumps = std::count_if (wire.begin(), wire.end(), isDump);
     EXPECT_GE (dumps, 20);
     EXPECT_LT (dumps, 128);
     EXPECT_EQ (std::vector<Bytes> (wire.end() - 3, wire.end()), place (0, 7));
@@ -238,7 +203,6 @@ TEST_F (Transfer, CancelStopsATransmissionAtOnceAndReturnsTheInstrument)
 TEST_F (Transfer, TransmissionWithNoOutputRunsItsCourse)
 {
     state().portControl->closeDevice (false, 0);
-    openBanks();
     ASSERT_TRUE (midiMenu ({ "Transmit Program Bank ", "Bank A" }));
     ASSERT_TRUE (pumpUntil ([this] { return ! transferring(); }, 10000));
     EXPECT_EQ (state().transferKind.load(), -1);
@@ -249,19 +213,10 @@ TEST_F (Transfer, TransmissionWithNoOutputRunsItsCourse)
 // were held back arrive after it. Nothing lands outside the bank being received.
 TEST_F (Transfer, FaultyRepliesLandOnlyInTheBankBeingReceived)
 {
-    struct Case
-    {
-        const char* name;
-        VirtualCorvane::Faults faults;
+    const struct { const char* name; VirtualCorvane::Faults faults; } cases[] = {
+        { "dropped", { 1, false, false, 0 } }, { "late", { 0, false, true, 0 } },
+        { "cut short", { 0, true, false, 0 } }, { "garbled", { 0, false, false, 3 } },
     };
-    const Case cases[] = {
-        { "dropped", { 1, false, false, 0 } },
-        { "late", { 0, false, true, 0 } },
-        { "cut short", { 0, true, false, 0 } },
-        { "garbled", { 0, false, false, 3 } },
-    };
-
-    openBanks();
     for (const auto& c : cases)
     {
         SCOPED_TRACE (c.name);
@@ -284,10 +239,7 @@ TEST_F (Transfer, FaultyRepliesLandOnlyInTheBankBeingReceived)
         sent();
     }
 }
-} // namespace
 
-namespace
-{
 // Bank receives on a MIDI thread, program recalls on the audio thread and by the host, while the
 // message thread initialises banks and loads presets into them: every bank is written in place, so
 // no reader ever sees freed memory (the sanitizer build checks this).
@@ -331,8 +283,7 @@ TEST_F (Transfer, LiveBanksStayValidWhileMenusRewriteThem)
     }));
 
     // A fixed amount of work rather than a time: a slow machine takes longer, never does less.
-    constexpr int rounds = 60;
-    for (int i = 0; i < rounds; ++i, ++round)
+    for (int i = 0; i < 60; ++i, ++round)
     {
         if (! transferring())
             main().startTransfer (50, 0);
