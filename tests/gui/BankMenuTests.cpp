@@ -11,21 +11,12 @@
 
 namespace
 {
-constexpr int cutoff = 32;
-
 using Bytes = std::vector<int>;
 
 Bytes bytesOf (const juce::MemoryBlock& block)
 {
     auto* data = static_cast<const unsigned char*> (block.getData());
     return { data, data + block.getSize() };
-}
-
-Bytes contentsOf (const juce::File& file)
-{
-    juce::MemoryBlock block;
-    file.loadFileAsData (block);
-    return bytesOf (block);
 }
 
 // Parameters 75 and 110 don't come through the dump's writer and reader unchanged for every value
@@ -41,24 +32,13 @@ void makeDumpSafe (AutoBank& bank, int program)
     bank.setStoredProgram (program, words);
 }
 
-juce::Array<unsigned short> initialProgram()
-{
-    AutoBank fresh (0);
-    fresh.Initialize_Bank();
-    return fresh.getStoredProgram (0);
-}
-
 struct BankMenus : ::testing::Test, EditorHarness
 {
     BankMenus()
     {
         openReady();
         main().fileManager->nativeDialogs = false;
-        auto& bar = *main().appBar;
-        for (auto* b : bar.buttons)
-            if (b->id == 99 && b != bar.lockButton)
-                click (centreOf (*b));
-        pumpUntil ([this] { return main().bankPanelShown; });
+        toggleBanks();
         sent();
         host.changes.clear();
     }
@@ -67,27 +47,29 @@ struct BankMenus : ::testing::Test, EditorHarness
     IvrGrid& grid() { return banks().grid; }
     AutoBank& bank (int b) { return *state().banks[(size_t) b]; }
 
-    std::vector<Bytes> storesNow()
-    {
-        std::vector<Bytes> stores;
-        for (auto* b : state().banks)
-            stores.push_back (bytesOf (b->bankData));
-        return stores;
-    }
-
-    bool gridMatchesBanks()
+    // The stores now, with the grid's own copies checked to follow them.
+    std::vector<Bytes> stores()
     {
         for (int b = 0; b < 8; ++b)
-            if (grid().gridBanks[(size_t) b]->bankData != bank (b).bankData)
-                return false;
-        return true;
+            EXPECT_EQ (grid().gridBanks[(size_t) b]->bankData, bank (b).bankData) << "the grid's copy of bank " << b;
+        return storesNow();
     }
 
-    // A press of a bank window button, then the menu items of `path`.
-    bool buttonMenu (IvrBut& b, const juce::StringArray& path)
+    // A press of a bank window button, then the menu items of `path`; a file dialog, if one opens,
+    // answered with `file`.
+    bool buttonMenu (IvrBut& b, const juce::StringArray& path, const juce::File& file = {}, const char* answerButton = "Open")
     {
         click (centreOf (b));
-        return chooseMenu (path);
+        return chooseMenu (path) && answered (file, answerButton);
+    }
+
+    bool answered (const juce::File& file, const char* answerButton)
+    {
+        if (file == juce::File())
+            return true;
+        const bool ok = answer (file, answerButton) == "";
+        pump (100);
+        return ok;
     }
 
     void listBank (int b) { click (centreOf (*banks().bankButtons[b])); }
@@ -103,11 +85,11 @@ struct BankMenus : ::testing::Test, EditorHarness
         pump();
     }
 
-    // The program menu of row `r` of the listed bank, and its item `item`.
-    bool programMenu (int r, const juce::String& item)
+    // The program menu of row `r` of the listed bank, its item `item`, and the file dialog if any.
+    bool programMenu (int r, const juce::String& item, const juce::File& file = {}, const char* answerButton = "Open")
     {
         rightPress (row (r));
-        return chooseMenu ({ item });
+        return chooseMenu ({ item }) && answered (file, answerButton);
     }
 
     ScratchFolder scratch;
@@ -121,169 +103,132 @@ TEST_F (BankMenus, GridProgramMenuCopiesPastesSavesLoadsAndInitializesOneProgram
     listBank (1);
     const auto name = [&b] (int p) { return b.get_ProgramName (p); };
     const auto original = b.getStoredProgram (2);
-    const auto before = storesNow();
+    const auto bankBefore = b.bankData;
+    const auto before = stores();
 
     // An empty paste buffer reads as a single space, and choosing it does nothing.
     ASSERT_TRUE (programMenu (5, " "));
-    EXPECT_EQ (storesNow(), before);
     ASSERT_TRUE (programMenu (2, "Copy " + name (2)));
-    EXPECT_TRUE (main().copyBufferFull);
-    EXPECT_EQ (storesNow(), before);
+    EXPECT_EQ (stores(), before);
     EXPECT_TRUE (sentBytes().empty());
 
     ASSERT_TRUE (programMenu (5, "Paste " + name (2)));
     EXPECT_EQ (b.getStoredProgram (5), original);
     EXPECT_EQ (sentBytes(), std::vector<Bytes> { bytesOf (b.Export_Syx_Bank_Rom_MB (5, 5, state().deviceId, 0)) });
-    EXPECT_TRUE (gridMatchesBanks());
-    EXPECT_EQ (banks().shownValue, 1);
 
     const auto file = scratch.dir.getChildFile ("one program");
-    ASSERT_TRUE (programMenu (5, "Save " + name (5)));
-    ASSERT_TRUE (pumpUntil ([] { return dialog() != nullptr; }));
-    EXPECT_EQ (dialog()->getName(), "Save Corvane Program");
-    EXPECT_NE (find<juce::TextEditor> (dialog(), [&] (auto& t) { return t.getText() == name (5).trim() + ".tkp"; }), nullptr);
-    ASSERT_EQ (answer (file, "Save"), "");
-    EXPECT_EQ (contentsOf (file), bytesOf (b.Export_Syx_Bank_Buf_MB (5, 0)));
-
-    ASSERT_TRUE (programMenu (7, "Load Program "));
-    ASSERT_EQ (answer (file, "Open"), "");
-    pump (100);
+    ASSERT_TRUE (programMenu (5, "Save " + name (5), file, "Save"));
+    juce::MemoryBlock saved;
+    file.loadFileAsData (saved);
+    EXPECT_EQ (saved, b.Export_Syx_Bank_Buf_MB (5, 0));
+    ASSERT_TRUE (programMenu (7, "Load Program ", file));
     EXPECT_EQ (b.getStoredProgram (7), original);
 
-    const auto neighbours = std::make_pair (b.getStoredProgram (2), b.getStoredProgram (4));
+    AutoBank expected (1);
+    expected.Initialize_Bank();
+    const auto initial = expected.getStoredProgram (0);
     ASSERT_TRUE (programMenu (3, "Initialize " + name (3)));
-    EXPECT_EQ (b.getStoredProgram (3), initialProgram());
-    EXPECT_EQ (std::make_pair (b.getStoredProgram (2), b.getStoredProgram (4)), neighbours);
-    EXPECT_TRUE (gridMatchesBanks());
+    EXPECT_EQ (b.getStoredProgram (3), initial);
     EXPECT_TRUE (sentBytes().empty()); // only the paste goes to the instrument
-    auto others = storesNow();
-    others[1] = before[1];
-    EXPECT_EQ (others, before);
+
+    // No other program of any bank moved.
+    expected.bankData = bankBefore;
+    for (auto [place, words] : { std::pair { 5, original }, { 7, original }, { 3, initial } })
+        expected.setStoredProgram (place, words);
+    auto all = before;
+    all[1] = bytesOf (expected.bankData);
+    EXPECT_EQ (stores(), all);
 }
 
-TEST_F (BankMenus, GridLoadsAProgramFileByItsFirstMessageOnly)
-{
-    listBank (0);
-    const auto frame = bank (3).Export_Syx_Bank_Buf_MB (9, 0);
-    juce::MemoryBlock withText ("TOLK FILE\n", 10);
-    withText.append (frame.getData(), frame.getSize());
-    const struct { const char* name; juce::MemoryBlock contents; bool loads; } cases[] = {
-        { "154-byte frame", bank (3).Export_Syx_Bank_Rom_MB (9, 9, state().deviceId, 0), false },
-        { "ten bytes of text before a program frame", withText, true },
-    };
-
-    for (auto& c : cases)
-    {
-        SCOPED_TRACE (c.name);
-        const auto file = scratch.dir.getChildFile ("program.syx");
-        ASSERT_TRUE (file.replaceWithData (c.contents.getData(), c.contents.getSize()));
-        bank (0).Initialize_Bank();
-        auto expected = storesNow();
-        if (c.loads)
-        {
-            AutoBank scratchBank (0);
-            scratchBank.bankData = bank (0).bankData;
-            scratchBank.Import_Syx_MB (6, frame);
-            expected[0] = bytesOf (scratchBank.bankData);
-            ASSERT_NE (storesNow(), expected);
-        }
-
-        ASSERT_TRUE (programMenu (6, "Load Program "));
-        ASSERT_EQ (answer (file, "Open"), "");
-        pump (100);
-        EXPECT_EQ (storesNow(), expected);
-    }
-    EXPECT_TRUE (sentBytes().empty());
-}
-
-TEST_F (BankMenus, SavedBankLoadsIntoAnotherByteForByteAndOtherSizesAreIgnored)
+TEST_F (BankMenus, SavedBankLoadsIntoAnotherByteForByte)
 {
     for (int p = 0; p < AutoBank::numPrograms; ++p)
         makeDumpSafe (bank (2), p);
     const auto file = scratch.dir.getChildFile ("bank.syx");
-    ASSERT_TRUE (buttonMenu (banks().fileButton, { "Save Program Bank ", "Bank C" }));
-    ASSERT_TRUE (pumpUntil ([] { return dialog() != nullptr; }));
-    EXPECT_EQ (dialog()->getName(), "Save Corvane Program Bank");
-    EXPECT_NE (find<juce::TextEditor> (dialog(), [] (auto& t) { return t.getText() == "Program Bank C.tkbn"; }), nullptr);
-    ASSERT_EQ (answer (file, "Save"), "");
-    ASSERT_EQ (contentsOf (file).size(), (size_t) FileMan::bankFileBytes);
-    EXPECT_EQ (contentsOf (file), bytesOf (FileMan::Bank_File_Data (bank (2))));
+    ASSERT_TRUE (buttonMenu (banks().fileButton, { "Save Program Bank ", "Bank C" }, file, "Save"));
+    juce::MemoryBlock saved;
+    file.loadFileAsData (saved);
+    EXPECT_EQ (saved, FileMan::Bank_File_Data (bank (2)));
 
     ASSERT_NE (bank (4).bankData, bank (2).bankData);
-    auto expected = storesNow();
+    auto expected = storesNow(); // the grid's copy of bank C has not seen the edits above
     expected[4] = expected[2];
-    ASSERT_TRUE (buttonMenu (banks().fileButton, { "Load Program Bank To ", "Bank E" }));
-    ASSERT_EQ (answer (file, "Open"), "");
-    pump (100);
-    EXPECT_EQ (storesNow(), expected);
+    ASSERT_TRUE (buttonMenu (banks().fileButton, { "Load Program Bank To ", "Bank E" }, file));
+    EXPECT_EQ (stores(), expected);
     EXPECT_EQ (banks().shownValue, 4); // the grid lists the bank just loaded
-    EXPECT_TRUE (gridMatchesBanks());
+    EXPECT_TRUE (sentBytes().empty());
+}
 
-    juce::MemoryBlock bankFile;
-    file.loadFileAsData (bankFile);
-    const struct { const char* name; int size; } refused[] = { { "one byte more", FileMan::bankFileBytes + 1 },
-                                                                { "one byte less", FileMan::bankFileBytes - 1 } };
-    for (auto& r : refused)
+// A program file loads by its first frame, wherever it starts; a bank file only at its exact size.
+TEST_F (BankMenus, FilesThatDoNotFitChangeNothing)
+{
+    listBank (0);
+    const auto frame = bank (3).Export_Syx_Bank_Buf_MB (9, 0);
+    juce::MemoryBlock withText ("TOLK FILE\n", 10), longBank = FileMan::Bank_File_Data (bank (2));
+    withText.append (frame.getData(), frame.getSize());
+    const juce::MemoryBlock shortBank (longBank.getData(), longBank.getSize() - 1);
+    longBank.append ("\0", 1);
+    AutoBank loaded (0);
+    loaded.bankData = bank (0).bankData;
+    loaded.Import_Syx_MB (6, frame);
+    const struct { const char* name; juce::MemoryBlock contents; bool bankFile; Bytes result; } cases[] = {
+        { "154-byte frame", bank (3).Export_Syx_Bank_Rom_MB (9, 9, state().deviceId, 0), false, {} },
+        { "ten bytes of text before a program frame", withText, false, bytesOf (loaded.bankData) },
+        { "bank file one byte long", longBank, true, {} },
+        { "bank file one byte short", shortBank, true, {} },
+    };
+    for (auto& c : cases)
     {
-        SCOPED_TRACE (r.name);
-        auto contents = bankFile;
-        contents.setSize ((size_t) r.size, true);
-        ASSERT_TRUE (file.replaceWithData (contents.getData(), contents.getSize()));
-        const auto before = storesNow();
-        ASSERT_TRUE (buttonMenu (banks().fileButton, { "Load Program Bank To ", "Bank F" }));
-        ASSERT_EQ (answer (file, "Open"), "");
-        pump (100);
-        EXPECT_EQ (storesNow(), before);
+        SCOPED_TRACE (c.name);
+        const auto file = scratch.dir.getChildFile ("file.syx");
+        ASSERT_TRUE (file.replaceWithData (c.contents.getData(), c.contents.getSize()));
+        auto expected = stores();
+        if (! c.result.empty())
+            expected[0] = c.result;
+        ASSERT_NE (c.result.empty(), expected != storesNow());
+        ASSERT_TRUE (c.bankFile ? buttonMenu (banks().fileButton, { "Load Program Bank To ", "Bank A" }, file)
+                                : programMenu (6, "Load Program ", file));
+        EXPECT_EQ (stores(), expected);
     }
     EXPECT_TRUE (sentBytes().empty());
-
-    ASSERT_TRUE (buttonMenu (banks().fileButton, { "Close" }));
-    EXPECT_FALSE (main().bankPanelShown);
-    EXPECT_FALSE (banks().isVisible());
 }
 
 TEST_F (BankMenus, PresetsLoadTheCurrentBankFromTheChosenRecordAndInitializeTheChosenBank)
 {
-    const auto preloaded = [this] (int into, int set, int record)
-    {
-        AutoBank expected (into);
-        expected.bankData = bank (into).bankData;
-        expected.PreloadFactoryData (set, record);
-        return bytesOf (expected.bankData);
-    };
     AutoBank fresh (0);
     fresh.Initialize_Bank();
-
-    const struct { const char* name; int current; juce::StringArray path; int changed; std::function<Bytes()> result; } cases[] = {
-        { "Bank C of set 0 with bank B current", 1, { "Core Refresh ", "Bank C" }, 1, [&] { return preloaded (1, 0, 2); } },
-        { "Bank H of a one-bank set with bank D current", 3, { "Amber Set ", "Bank H" }, 3, [&] { return preloaded (3, 1, 7); } },
-        { "initialize the current bank", 1, { "Initialize Program Bank ", "Bank B" }, 1, [&] { return bytesOf (fresh.bankData); } },
-        { "initialize another bank", 0, { "Initialize Program Bank ", "Bank G" }, 6, [&] { return bytesOf (fresh.bankData); } },
+    const struct { const char* name; int current; juce::StringArray path; int changed, set, record; } cases[] = {
+        { "Bank C of set 0 with bank B current", 1, { "Core Refresh ", "Bank C" }, 1, 0, 2 },
+        { "Bank H of a one-bank set with bank D current", 3, { "Amber Set ", "Bank H" }, 3, 1, 7 },
+        { "initialize another bank", 0, { "Initialize Program Bank ", "Bank G" }, 6, -1, 0 },
     };
-
     for (auto& c : cases)
     {
         SCOPED_TRACE (c.name);
         state().bankNumber = c.current;
-        auto expected = storesNow();
-        expected[(size_t) c.changed] = c.result();
+        AutoBank preloaded (c.changed);
+        preloaded.bankData = bank (c.changed).bankData;
+        if (c.set >= 0)
+            preloaded.PreloadFactoryData (c.set, c.record);
+        auto expected = stores();
+        expected[(size_t) c.changed] = bytesOf (c.set >= 0 ? preloaded.bankData : fresh.bankData);
         ASSERT_NE (storesNow(), expected);
 
         ASSERT_TRUE (buttonMenu (banks().presetsButton, c.path));
-        EXPECT_EQ (storesNow(), expected);
-        EXPECT_TRUE (gridMatchesBanks());
+        EXPECT_EQ (stores(), expected);
         EXPECT_EQ (state().bankNumber, c.current);
     }
     EXPECT_TRUE (sentBytes().empty());
 }
 
-TEST_F (BankMenus, CategoryViewListsTheMatchesOfAllEightBanks)
+// In the category view each row stands for its own bank's program: a right press on it below x 130
+// opens the program menu, from 130 up the category menu.
+TEST_F (BankMenus, CategoryViewListsAllEightBanksAndItsRowsTakeBothMenus)
 {
     constexpr unsigned seed = 20261123;
     std::cout << "[ seed ] " << seed << std::endl;
     std::mt19937 random (seed);
     constexpr int category = 25; // "Ring"
-
     for (int b = 0; b < 8; ++b)
     {
         auto words = bank (b).getStoredProgram ((int) (random() % 128));
@@ -297,43 +242,27 @@ TEST_F (BankMenus, CategoryViewListsTheMatchesOfAllEightBanks)
                 rowBanks.add (b), rowPrograms.add (p);
 
     ASSERT_TRUE (buttonMenu (banks().categoryButton, { AutoBank::Category (category) }));
-    EXPECT_EQ (banks().shownMode, 1);
     EXPECT_EQ (grid().rowBanks, rowBanks);
     EXPECT_EQ (grid().rowPrograms, rowPrograms);
-    EXPECT_TRUE (grid().rowBanks.contains (7));
-}
+    ASSERT_TRUE (rowBanks.contains (7));
 
-TEST_F (BankMenus, RightPressBelowX130OpensTheProgramMenuAndFromThereTheCategoryMenu)
-{
-    listBank (2);
-    const struct { int x; bool categoryMenu; } cases[] = { { 10, false }, { 129, false }, { 130, true }, { 220, true } };
-    int r = 0;
-    for (auto& c : cases)
-    {
-        SCOPED_TRACE (c.x);
-        const int program = r++;
-        const auto before = storesNow();
-        main().copyBufferFull = false;
-        AutoBank expected (2);
-        expected.bankData = bank (2).bankData;
-        auto words = expected.getStoredProgram (program);
-        const int newCategory = ((words[150] & 0xff) + 7) % 32;
-        words.set (150, (unsigned short) ((words[150] & 0xff00) | newCategory));
-        expected.setStoredProgram (program, words);
+    const auto before = stores();
+    rightPress (row (1, 129));
+    ASSERT_TRUE (chooseMenu ({ "Copy " + bank (rowBanks[1]).get_ProgramName (rowPrograms[1]) }));
+    EXPECT_TRUE (main().copyBufferFull);
+    EXPECT_EQ (stores(), before);
 
-        rightPress (row (program, c.x));
-        if (! c.categoryMenu)
-        {
-            ASSERT_TRUE (chooseMenu ({ "Copy " + bank (2).get_ProgramName (program) }));
-            EXPECT_TRUE (main().copyBufferFull);
-            EXPECT_EQ (storesNow(), before);
-            continue;
-        }
-        ASSERT_TRUE (chooseMenu ({ AutoBank::Category (newCategory) }));
-        EXPECT_EQ (bank (2).bankData, expected.bankData);
-        EXPECT_EQ (grid().gridBanks[2]->bankData, expected.bankData);
-        EXPECT_FALSE (main().copyBufferFull);
-    }
+    const int r = 2, b = rowBanks[r], p = rowPrograms[r];
+    AutoBank expected (b);
+    expected.bankData = bank (b).bankData;
+    auto words = expected.getStoredProgram (p);
+    words.set (150, (unsigned short) ((words[150] & 0xff00) | 3));
+    expected.setStoredProgram (p, words);
+    auto after = before;
+    after[(size_t) b] = bytesOf (expected.bankData);
+    rightPress (row (r, 130));
+    ASSERT_TRUE (chooseMenu ({ AutoBank::Category (3) }));
+    EXPECT_EQ (stores(), after);
     EXPECT_TRUE (sentBytes().empty());
 }
 
@@ -362,6 +291,7 @@ TEST_F (BankMenus, RowPressSelectsOnTheInstrumentAndHostOrLoadsTheStoredProgram)
         EXPECT_EQ (state().editBuffer->patchData, bank (listed).getStoredProgram (pressed));
     }
 
+    constexpr int cutoff = 32;
     listBank (2);
     click (centreOf (banks().useLoadedDataCheck));
     ASSERT_TRUE (main().useLoadedData);
@@ -386,36 +316,32 @@ TEST_F (BankMenus, DisplayCategoryClickSetsProgramA1AndShowsTheEditBuffersCatego
     click (at (lcd, { lcd.getWidth() / 2, lcd.getHeight() - 4 }));
     ASSERT_TRUE (chooseMenu ({ "Strings" }));
     EXPECT_EQ (bank (0).getStoredProgram (0)[150] & 0xff, 3);
-    EXPECT_EQ (grid().gridBanks[0]->getStoredProgram (0)[150] & 0xff, 3);
-    EXPECT_EQ (lcd.category, 5);
+    stores(); // and the grid's copy follows
     EXPECT_EQ (lcd.categoryText, "Pads");
 }
 
+// A press outside a menu dismisses it and does nothing.
 TEST_F (BankMenus, CancellingAnyMenuLeavesEverythingAlone)
 {
     listBank (3);
-    const auto stores = storesNow();
+    const auto before = stores();
     const auto panelBefore = state().editBuffer->patchData;
-    const std::function<void()> openers[] = {
-        [this] { click (centreOf (banks().fileButton)); },
-        [this] { click (centreOf (banks().presetsButton)); },
-        [this] { click (centreOf (banks().categoryButton)); },
-        [this] { rightPress (row (1, 60)); },
-        [this] { rightPress (row (1, 200)); },
-    };
-    for (size_t i = 0; i < std::size (openers); ++i)
+    const std::function<void()> openers[] = { [this] { click (centreOf (banks().fileButton)); },
+                                              [this] { click (centreOf (banks().presetsButton)); },
+                                              [this] { click (centreOf (banks().categoryButton)); },
+                                              [this] { rightPress (row (1, 60)); },
+                                              [this] { rightPress (row (1, 200)); } };
+    for (auto& open : openers)
     {
-        SCOPED_TRACE (i);
-        openers[i]();
+        open();
         ASSERT_TRUE (pumpUntil ([this] { return ! openMenus().empty(); }));
         pump (300);
-        // A press outside a menu dismisses it.
         click (at (banks(), { 20, 420 }));
         ASSERT_TRUE (pumpUntil ([this] { return openMenus().empty(); }, 1000));
-        EXPECT_EQ (storesNow(), stores);
-        EXPECT_EQ (banks().shownMode, 0);
-        EXPECT_EQ (banks().shownValue, 3);
     }
+    EXPECT_EQ (stores(), before);
+    EXPECT_EQ (banks().shownMode, 0);
+    EXPECT_EQ (banks().shownValue, 3);
     EXPECT_EQ (dialog(), nullptr);
     EXPECT_FALSE (main().copyBufferFull);
     EXPECT_EQ (state().editBuffer->patchData, panelBefore);
