@@ -11,14 +11,6 @@ namespace
 constexpr int cutoff = 32;
 const juce::String fileName = "FROM A FILE             ";
 
-// Runs the message loop until `done` holds, for two seconds at most.
-bool pumpUntil (std::function<bool()> done)
-{
-    for (int i = 0; i < 100 && ! done(); ++i)
-        pump (20);
-    return done();
-}
-
 std::vector<int> bytesOf (const juce::MemoryBlock& block)
 {
     return { static_cast<const unsigned char*> (block.getData()), static_cast<const unsigned char*> (block.getData()) + block.getSize() };
@@ -27,8 +19,7 @@ std::vector<int> bytesOf (const juce::MemoryBlock& block)
 std::vector<int> contentsOf (const juce::File& file)
 {
     juce::MemoryBlock block;
-    file.loadFileAsData (block);
-    return bytesOf (block);
+    return file.loadFileAsData (block), bytesOf (block);
 }
 
 struct FileMenu : ::testing::Test, EditorHarness
@@ -41,25 +32,17 @@ struct FileMenu : ::testing::Test, EditorHarness
         sent();
     }
 
-    // Opens the FILE menu and picks its item `index`; returns the item's text.
-    juce::String choose (int index)
+    // Opens the FILE menu and picks the item titled `item`.
+    bool choose (const juce::String& item)
     {
         editor->getPeer()->grabFocus(); // a dialog may have taken it
         auto& bar = *main().appBar;
         click (centreOf (**std::find_if (bar.buttons.begin(), bar.buttons.end(), [] (auto* b) { return b->id == 75; })));
-        auto* item = pumpUntil ([this] { return openMenu() != nullptr; }) ? openMenu()->getChildComponent (index) : nullptr;
-        if (item == nullptr)
-            return "(no menu)";
-        pump (300); // a menu takes no release in its first 250 ms
-        const auto text = item->getAccessibilityHandler()->getTitle();
-        const auto p = editor->getLocalPoint (item, item->getLocalBounds().getCentre()).toFloat();
-        for (auto mods : { juce::ModifierKeys(), juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier), juce::ModifierKeys() })
-        {
-            mouse (p, mods);
-            pump (100); // the menu watches the button on its own timer
-        }
-        return text;
+        return chooseMenu ({ item });
     }
+
+    bool load() { return choose ("Load Single Program"); }
+    bool save() { return choose ("Save " + state().editBuffer->PatchGetName()); }
 
     // A program unlike the one on the panel, as the 149-byte frame a program file holds.
     juce::MemoryBlock otherProgram()
@@ -95,7 +78,7 @@ TEST_F (FileMenu, LoadsTheFirstMessageOnlyWhenItIsOneProgramFrame)
         const auto panelBefore = state().editBuffer->patchData;
         const auto bankBefore = state().banks[0]->bankData;
 
-        EXPECT_EQ (choose (0), "Load Single Program");
+        ASSERT_TRUE (load());
         ASSERT_EQ (answer (file, "Open"), "");
         pump (100);
 
@@ -119,7 +102,7 @@ TEST_F (FileMenu, SavesExactlyTheProgramFrameAndReplacesAnExistingFileWhole)
     const auto expected = bytesOf (state().editBuffer->Export_Syx_Patch_Buf_MB (state().deviceId));
     const auto file = scratch.dir.getChildFile ("saved");
 
-    EXPECT_EQ (choose (1), "Save " + name);
+    ASSERT_TRUE (save());
     ASSERT_TRUE (pumpUntil ([] { return dialog() != nullptr; }));
     EXPECT_EQ (dialog()->getName(), "Save Corvane Program");
     EXPECT_NE (find<juce::TextEditor> (dialog(), [&] (auto& t) { return t.getText() == name.trim() + ".tkp"; }), nullptr);
@@ -128,7 +111,7 @@ TEST_F (FileMenu, SavesExactlyTheProgramFrameAndReplacesAnExistingFileWhole)
 
     const juce::MemoryBlock longer (FileMan::bankFileBytes, true);
     ASSERT_TRUE (file.replaceWithData (longer.getData(), longer.getSize()));
-    choose (1);
+    ASSERT_TRUE (save());
     ASSERT_EQ (answer (file, "Save", true), "");
     EXPECT_EQ (contentsOf (file), expected);
     EXPECT_EQ (scratch.dir.getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1); // no temporary left
@@ -138,14 +121,14 @@ TEST_F (FileMenu, SavesExactlyTheProgramFrameAndReplacesAnExistingFileWhole)
 TEST_F (FileMenu, CancelAndAnEditorClosedUnderItsDialogChangeNothing)
 {
     const auto panelBefore = state().editBuffer->patchData;
-    choose (0);
+    ASSERT_TRUE (load());
     pumpUntil ([] { return dialog() != nullptr; });
     ASSERT_NE (button (dialog(), "Cancel"), nullptr);
     EXPECT_EQ (dialog()->getName(), "Load Single Corvane Program");
     clickThroughPeer (*button (dialog(), "Cancel"));
     EXPECT_TRUE (pumpUntil ([] { return dialog() == nullptr; }));
 
-    choose (0);
+    ASSERT_TRUE (load());
     ASSERT_TRUE (pumpUntil ([] { return dialog() != nullptr; }));
     closeEditor();
     pump (200);
@@ -175,7 +158,7 @@ TEST_F (FileMenu, PlatformDialogGetsTitlePatternsAndProposalAndItsAnswerIsUsed)
     file.replaceWithData (frame.getData(), frame.getSize());
     const auto argsOfLastCall = [&] { return juce::StringArray::fromLines (bin.getChildFile ("args").loadFileAsString()); };
 
-    choose (0);
+    EXPECT_TRUE (load());
     EXPECT_TRUE (pumpUntil ([this] { return state().editBuffer->PatchGetName() == fileName; }));
     EXPECT_EQ (sentBytes().size(), 1u);
     for (auto* expected : { "--title=Load Single Corvane Program", "--file-filter=*.tkp *.syx" })
@@ -183,7 +166,7 @@ TEST_F (FileMenu, PlatformDialogGetsTitlePatternsAndProposalAndItsAnswerIsUsed)
     EXPECT_FALSE (argsOfLastCall().contains ("--save"));
 
     file.deleteFile();
-    choose (1);
+    EXPECT_TRUE (save());
     EXPECT_TRUE (pumpUntil ([&] { return file.existsAsFile(); }));
     for (auto* expected : { "--save", "--confirm-overwrite", "--title=Save Corvane Program", "--filename=FROM A FILE.tkp" })
         EXPECT_TRUE (argsOfLastCall().contains (expected)) << expected;
