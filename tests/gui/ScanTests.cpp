@@ -79,9 +79,7 @@ struct ScanScene : EditorHarness
     juce::StringArray sources, destinations;
 };
 
-struct Scan : ::testing::Test, ScanScene
-{
-};
+struct Scan : ::testing::Test, ScanScene {};
 
 // The remembered pair is tried first, then the pairs of one name, then the rest, the input changing
 // first. Warning lines keep the found pair on the warning page until a click. A hidden pair that is
@@ -89,12 +87,7 @@ struct Scan : ::testing::Test, ScanScene
 // moves on (0) or on the one that would fail (1).
 TEST (ScanFound, FindsTheInstrumentAmongSeveralPairsAndASecondProcessorOpensItByName)
 {
-    struct Case
-    {
-        int hiddenInput, hiddenOutput;
-        bool warnings;
-        int lateTicks; // -1: replies at once
-    };
+    struct Case { int hiddenInput, hiddenOutput; bool warnings; int lateTicks; }; // lateTicks -1: replies at once
     for (const auto c : { Case { 2, 1, false, -1 }, Case { 2, 1, true, -1 }, Case { 1, 2, false, 0 }, Case { 1, 2, false, 1 } })
     {
         SCOPED_TRACE (testing::Message() << "hidden " << c.hiddenInput << c.hiddenOutput << " warnings " << c.warnings << " late " << c.lateTicks);
