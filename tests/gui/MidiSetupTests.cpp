@@ -86,8 +86,8 @@ TEST_F (MidiSetup, EachChoiceActsOnItsPortPollsAndWritesTheSettings)
         // "NONE" for the output only stores the name: the output stays open until the next start.
         { 302, "NONE", { "Corvane", "NONE" }, true, { 60 }, false },
         { 302, "Synth A", { "Corvane", "Synth A" }, true, { 60 }, true },
-        { 300, "Keys A", { "Keys A", "Synth A" }, true, { 61 }, true },
         { 300, "NONE", { "NONE", "Synth A" }, false, {}, true },
+        { 300, "Keys A", { "Keys A", "Synth A" }, true, { 61 }, true }, // from a dark lamp
     };
     openPage();
     EXPECT_TRUE (page().inputOpenLamp && page().outputOpenLamp);
