@@ -26,10 +26,8 @@ struct FileMenu : ::testing::Test, EditorHarness
 {
     FileMenu()
     {
-        openEditor();
-        dismissSplash();
+        openReady();
         main().fileManager->nativeDialogs = false;
-        sent();
     }
 
     // Opens the FILE menu and picks the item titled `item`.
