@@ -94,6 +94,7 @@ TEST_F (EditorFlow, SwitchClickTogglesAndSendsItsController)
     EXPECT_EQ (sw.currentValue, before == 0 ? 1 : 0);
     click (centreOf (sw));
     EXPECT_EQ (sw.currentValue, before);
+    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr); // the host keeps its keys
     std::vector<int> values;
     for (auto& m : sentBytes())
         if (m.size() == 3 && m[1] == 82)
