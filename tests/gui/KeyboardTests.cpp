@@ -53,16 +53,24 @@ struct KeyboardStrip : ::testing::Test, EditorHarness
         return it != wire.rend() ? *it : Bytes();
     }
 
-    // Presses and releases `key` with the mouse, pumping after each.
+    // Presses (`down`) or releases `key` with the mouse; whether the key shows down after it.
+    bool hold (int key, bool down)
+    {
+        if (down)
+        {
+            mouse (keyPoint (key), {});
+            press (keyPoint (key));
+        }
+        else
+            release (keyPoint (key));
+        pump();
+        return pad().isDown (key);
+    }
+
     void tap (int key)
     {
-        mouse (keyPoint (key), {});
-        press (keyPoint (key));
-        pump();
-        EXPECT_TRUE (pad().isDown (key)) << key;
-        release (keyPoint (key));
-        pump();
-        EXPECT_FALSE (pad().isDown (key)) << key;
+        EXPECT_TRUE (hold (key, true)) << key;
+        EXPECT_FALSE (hold (key, false)) << key;
     }
 };
 } // namespace
@@ -78,17 +86,11 @@ TEST_F (KeyboardStrip, ClickSendsNoteOnBothWaysAndReleaseSendsTheOffs)
         SCOPED_TRACE ("velocity " + std::to_string (c.velocity) + ", channel " + std::to_string (c.channel));
         state().keyVelocity = c.velocity;
         state().midiChannel = c.channel;
-        const auto p = keyPoint (12); // the C of note 60 at the base of 48
-        mouse (p, {});
-        press (p);
-        pump();
-        EXPECT_TRUE (pad().isDown (12));
+        EXPECT_TRUE (hold (12, true)); // the C of note 60 at the base of 48
         EXPECT_EQ (notesSent(), (c.deviceOn.empty() ? std::vector<Bytes> {} : std::vector<Bytes> { c.deviceOn }));
         EXPECT_EQ (hostOutput(), std::vector<Bytes> { c.hostOn });
 
-        release (p);
-        pump();
-        EXPECT_FALSE (pad().isDown (12));
+        EXPECT_FALSE (hold (12, false));
         const Bytes off { 0x80 | (juce::jlimit (1, 16, c.channel) - 1), 60, 0 };
         EXPECT_EQ (notesSent(), (c.deviceOn.empty() ? std::vector<Bytes> {} : std::vector<Bytes> { off }));
         EXPECT_EQ (hostOutput(), std::vector<Bytes> { off });
@@ -105,7 +107,7 @@ TEST_F (KeyboardStrip, GlissandoHoldsEveryKeyUntilTheButtonComesUp)
     EXPECT_FALSE (pad().anyDown());
 }
 
-TEST_F (KeyboardStrip, NotesWheelsAndSwitchesFollowTheInstrumentAndTheHost)
+TEST_F (KeyboardStrip, NotesWheelsAndReleaseFollowTheInstrumentAndTheHost)
 {
     device.corvane.playNote (64, 1); // shown although its velocity is below the key's threshold
     device.corvane.movePanel (67, 1); // "Release"
@@ -125,13 +127,9 @@ TEST_F (KeyboardStrip, NotesWheelsAndSwitchesFollowTheInstrumentAndTheHost)
     sent();
 
     // A key already held sends nothing; the button's release lifts every key that is down.
-    const auto p = keyPoint (16);
-    mouse (p, {});
-    press (p);
-    pump();
+    hold (16, true);
     EXPECT_TRUE (notesSent().empty());
-    release (p);
-    pump();
+    hold (16, false);
     EXPECT_EQ (notesSent(), (std::vector<Bytes> { { 0x80, 64, 0 }, { 0x80, 67, 0 } }));
     EXPECT_FALSE (pad().anyDown());
 
@@ -142,12 +140,6 @@ TEST_F (KeyboardStrip, NotesWheelsAndSwitchesFollowTheInstrumentAndTheHost)
     pump (60);
     EXPECT_FALSE (pad().isDown (14));
     EXPECT_TRUE (notesSent().empty());
-
-    // The switches send through the host like any control of the panel.
-    click (centreOf (strip().glide));
-    pump (60);
-    EXPECT_EQ (strip().glide.currentValue, 1);
-    EXPECT_EQ (lastSent (0xB0), (Bytes { 0xB0, 65, 127 }));
 }
 
 TEST_F (KeyboardStrip, KeysAboveNote127GoDownAndSendNothing)
