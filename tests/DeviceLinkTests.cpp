@@ -62,7 +62,6 @@ struct CorvaneLink : ::testing::Test
         EXPECT_TRUE (link.state.transferBusy);
         EXPECT_EQ (link.state.bankNumber, bank);
         expectBank (bank, n);
-        expectOthersUntouched ({ bank });
         EXPECT_EQ (link.backend.deliverPending(), 0);
     }
 
@@ -90,36 +89,30 @@ TEST_F (CorvaneLink, PollTurnsTheStateOnLineFillsTheEditBufferAndRecordsTheScann
     EXPECT_TRUE (link.state.deviceOnline);
     EXPECT_EQ (link.drainCodes(), (Codes { 0x500000, 0x440000, 0x480000 }));
     link.expectEditBuffer (sound, true);
-    EXPECT_EQ (link.state.scanReplyInput, 3);
-    EXPECT_EQ (link.state.scanReplyOutput, 4);
+    EXPECT_TRUE (link.state.scanReplyInput == 3 && link.state.scanReplyOutput == 4);
     // The settings are the message thread's: the scan's next tick stores the pair.
     EXPECT_EQ (juce::StringArray (link.state.iniStrings[1], link.state.iniStrings[2]), slotsBefore);
 }
 
-TEST_F (CorvaneLink, ReceivingOneBank)
+// One bank ends with the codes for done and saved; all banks end at bank 6; the factory bank stays.
+TEST_F (CorvaneLink, ReceivingOneBankAndAllBanks)
 {
     startBankReceive (2, 0);
     link.backend.deliverPending();
     expectBank (2);
     expectOthersUntouched ({ 2 });
-    EXPECT_EQ (corvane.getRequestsAnswered(), 128);
-
     const auto codes = link.drainCodes();
     EXPECT_EQ (std::count_if (codes.begin(), codes.end(), [] (unsigned c) { return (c & 0xFFFF00u) >> 8 == 0x5C02u; }), 128);
     ASSERT_GE (codes.size(), 2u);
     EXPECT_EQ (Codes (codes.end() - 2, codes.end()), (Codes { 0x640000, 0x580000 }));
-}
 
-TEST_F (CorvaneLink, ReceivingAllBanksEndsAtBankSix)
-{
     startBankReceive (0, 50);
     link.backend.deliverPending();
     for (int b = 0; b < 7; ++b)
         expectBank (b);
-    expectOthersUntouched ({ 0, 1, 2, 3, 4, 5, 6 }); // the factory bank stays
-    EXPECT_EQ (link.state.bankNumber, 6);
-    EXPECT_EQ (corvane.getBank(), 6);
-    EXPECT_EQ (corvane.getRequestsAnswered(), 7 * 128);
+    expectOthersUntouched ({ 0, 1, 2, 3, 4, 5, 6 });
+    EXPECT_TRUE (link.state.bankNumber == 6 && corvane.getBank() == 6);
+    EXPECT_EQ (corvane.getRequestsAnswered(), 8 * 128);
     EXPECT_EQ (link.drainCodes().back(), 0x580000u);
 }
 
@@ -143,8 +136,8 @@ TEST_F (CorvaneLink, CancellingStopsTheRequests)
     EXPECT_EQ (link.state.banks[1]->getStoredProgram (0), corvane.getProgram (1, 0));
 }
 
+// Faults: { replies dropped, wrong length, late, bytes garbled }.
 TEST_F (CorvaneLink, ADroppedReplyStallsTheReceive) { expectStall (4, 0, 40, { 1, false, false, 0 }); }
-
 TEST_F (CorvaneLink, AWrongLengthReplyStallsTheReceive) { expectStall (3, 50, 10, { 0, true, false, 0 }); }
 
 TEST_F (CorvaneLink, AKnobOnTheInstrumentArrivesAsItsParameterChange)
