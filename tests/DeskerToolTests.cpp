@@ -38,6 +38,8 @@ struct DeskerTool : ::testing::Test
     juce::File file (const juce::String& name) const { return folder.dir.getChildFile (name); }
     juce::String path (const juce::String& name) const { return "'" + file (name).getFullPathName() + "'"; }
     void write (const juce::String& name, const juce::MemoryBlock& data) { ASSERT_TRUE (file (name).replaceWithData (data.getData(), data.getSize())); }
+    void write (const juce::String& name, const juce::String& text) { write (name, juce::MemoryBlock (text.toRawUTF8(), text.getNumBytesAsUTF8())); }
+    juce::MemoryBlock factoryBankFile (int set) { AutoBank bank (0); bank.PreloadFactoryData (set, 0); return FileMan::Bank_File_Data (bank); }
 };
 } // namespace
 
@@ -47,7 +49,7 @@ TEST_F (DeskerTool, BankFileRoundTripsThroughSysexAndListsAFactorySet)
     // packed bytes as they stand.
     AutoBank bank (0);
     bank.PreloadFactoryData (2, 0);
-    write ("a.tkbn", FileMan::Bank_File_Data (bank));
+    write ("a.tkbn", factoryBankFile (2));
     ok ("convert " + path ("a.tkbn") + " " + path ("a.syx"));
     EXPECT_EQ (file ("a.syx").getSize(), 128 * 154); // numbered dumps, as the hardware sends them
     ok ("convert " + path ("a.syx") + " " + path ("b.tkbn"));
@@ -63,10 +65,9 @@ TEST_F (DeskerTool, BankFileRoundTripsThroughSysexAndListsAFactorySet)
     listed = ok ("list " + path ("core.tkr"));
     EXPECT_TRUE (listed.contains ("factory set, 896 programs") && listed.contains ("\nG:128  "));
     ok ("convert " + path ("core.tkr") + " " + path ("user.dat"));
-    EXPECT_EQ (file ("user.dat").getSize(), 358427);
     EXPECT_TRUE (ok ("list " + path ("user.dat")).contains ("data file, 896 programs"));
     ok ("convert --bank c " + path ("core.tkr") + " " + path ("c.tkbn"));
-    EXPECT_EQ (file ("c.tkbn").getSize(), 19072);
+    EXPECT_TRUE (file ("user.dat").getSize() == 358427 && file ("c.tkbn").getSize() == 19072);
 }
 
 TEST_F (DeskerTool, SingleProgramRoundTripsAndUnpacksAndPacks)
@@ -80,8 +81,7 @@ TEST_F (DeskerTool, SingleProgramRoundTripsAndUnpacksAndPacks)
     EXPECT_TRUE (file ("p.syx").hasIdenticalContentTo (file ("p.tkp")));
 
     // unpack takes the whole frame, its hex text or the bare packed bytes.
-    const auto hexText = juce::String::toHexString (frame.getData(), (int) frame.getSize(), 1) + "\n";
-    write ("hex.txt", juce::MemoryBlock (hexText.toRawUTF8(), hexText.getNumBytesAsUTF8()));
+    write ("hex.txt", juce::String::toHexString (frame.getData(), (int) frame.getSize(), 1) + "\n");
     write ("bare.bin", juce::MemoryBlock (static_cast<const char*> (frame.getData()) + 5, 143));
     const auto unpacked = ok ("unpack", "p.syx");
     EXPECT_EQ (ok ("unpack", "hex.txt"), unpacked);
@@ -95,7 +95,7 @@ TEST_F (DeskerTool, SingleProgramRoundTripsAndUnpacksAndPacks)
     EXPECT_EQ (unpacked.trim(), words.joinIntoString (","));
 
     // pack takes the words back to the edit-buffer frame as hex.
-    write ("words.txt", juce::MemoryBlock (unpacked.toRawUTF8(), unpacked.getNumBytesAsUTF8()));
+    write ("words.txt", unpacked);
     const auto packed = ok ("pack", "words.txt");
     bank.patchData = expected;
     const auto edit = bank.Export_Syx_Patch_Buf_MB (0);
@@ -105,9 +105,7 @@ TEST_F (DeskerTool, SingleProgramRoundTripsAndUnpacksAndPacks)
 
 TEST_F (DeskerTool, RefusesBadInputWithStatus2AndOneLine)
 {
-    AutoBank bank (0);
-    bank.PreloadFactoryData (2, 0);
-    const auto bankFile = FileMan::Bank_File_Data (bank);
+    const auto bankFile = factoryBankFile (2);
     auto oversized = bankFile;
     oversized.append ("x", 1);
     juce::MemoryBlock garbage (5000);
@@ -115,12 +113,12 @@ TEST_F (DeskerTool, RefusesBadInputWithStatus2AndOneLine)
     write ("truncated.tkbn", juce::MemoryBlock (bankFile.getData(), bankFile.getSize() - 1));
     write ("oversized.tkbn", oversized);
     write ("garbage.syx", garbage);
-    write ("empty.tkp", {});
+    write ("empty.tkp", juce::MemoryBlock());
     write ("short.dat", juce::MemoryBlock (358426, true));
     write ("a.tkbn", bankFile);
-    write ("notwords.txt", juce::MemoryBlock ("1,2,x", 5));
-    write ("few.txt", juce::MemoryBlock ("1,2,3", 5));
-    write ("bighex.txt", juce::MemoryBlock ("f0 04", 5));
+    write ("notwords.txt", "1,2,x");
+    write ("few.txt", "1,2,3");
+    write ("bighex.txt", "f0 04");
 
     std::vector<std::pair<juce::String, juce::String>> refused = {
         { "pack", "notwords.txt" }, { "pack", "few.txt" }, { "unpack", "bighex.txt" }, { "unpack", "garbage.syx" },
