@@ -35,6 +35,8 @@ TEST (ProcessorStatics, SampleRateIndexAndSpreading)
                                           { 176400, 4 }, { 192000, 5 }, { 22050, 0 } };
     for (auto [rate, index] : rates)
         EXPECT_EQ (DeskerAudioProcessor::sampleRateIndexFor (rate), index) << rate;
+    // A headless host scanning plug-ins has no display: the first row of the size table.
+    EXPECT_EQ (DeskerAudioProcessor::editorSizeForDisplayHeight (0), juce::Point<int> (978, 480));
 
     // {stamp, first, last, n, expected}: rounding ties to even, limited to n - 1.
     const int spread[][5] = { { 1000, 1000, 1000, 512, 0 }, { 1010, 1000, 1010, 512, 465 }, { 1001, 1000, 1002, 6, 2 },
