@@ -4,18 +4,6 @@
 
 #include <gtest/gtest.h>
 
-TEST (HostParameterTables, SteppedTopValuesAndTheOverwrittenDisplayCodes)
-{
-    MidiCntrState state;
-    state.SetAutoParam();
-    const int stepped[] = { 255, 3, 5, 5, 3, 5, 5, 3, 5, 5, 5, 1 }; // host indices 28 to 39
-    for (int i = 0; i < 12; ++i)
-        EXPECT_EQ (state.paramMax[28 + i], stepped[i]) << 28 + i;
-    // Four host indices carry the centred rule, the kept historic mix-up.
-    for (auto [index, code] : { std::pair { 21, 18 }, { 22, 18 }, { 26, 18 }, { 34, 18 }, { 4, 17 }, { 55, 222 } })
-        EXPECT_EQ (state.autoParamB[index], code) << index;
-}
-
 TEST (HostParameterTables, InstrumentMessagesReachTheHostQueueInOrderNotesWaitAndGoStale)
 {
     ScratchFolder settings;
