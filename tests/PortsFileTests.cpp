@@ -2,10 +2,7 @@
 
 namespace
 {
-std::string fileOf (const std::string& in, const std::string& out, const std::string& third)
-{
-    return in + '\x0F' + out + '\x10' + third + '\x11';
-}
+std::string fileOf (const std::string& in, const std::string& out, const std::string& third) { return in + '\x0F' + out + '\x10' + third + '\x11'; }
 
 struct PortsFile : ::testing::Test
 {
@@ -17,10 +14,11 @@ struct PortsFile : ::testing::Test
 
     std::string read() const { return file().loadFileAsString().toStdString(); } // every byte written is below 0x80
 
-    std::unique_ptr<MidiCntrState> makeState()
+    std::unique_ptr<MidiCntrState> makeState (int readWrite = -1)
     {
         auto state = std::make_unique<MidiCntrState> (&backend);
         state->settingsFolder = folder.dir;
+        readWrite < 0 ? state->InitializeMe() : (void) state->ReadWritePorts (readWrite);
         return state;
     }
 };
@@ -28,8 +26,7 @@ struct PortsFile : ::testing::Test
 
 TEST_F (PortsFile, AMissingFileIsWrittenFresh)
 {
-    auto state = makeState();
-    state->ReadWritePorts (0);
+    auto state = makeState (0);
     EXPECT_EQ (read(), fileOf ("NONE", "NONE", "NONE"));
     EXPECT_EQ (state->portNames, juce::StringArray ("NONE", "NONE", "NONE"));
     state->ReadWritePorts (0); // every call appends three more
@@ -47,17 +44,15 @@ TEST_F (PortsFile, BrokenFilesLeaveNoneInForceOrAreReplaced)
     {
         SCOPED_TRACE (contents);
         write (contents);
-        auto state = makeState();
-        state->ReadWritePorts (0);
-        EXPECT_EQ (state->portNames[0], "NONE");
-        EXPECT_EQ (state->portNames[1], "NONE");
-        EXPECT_EQ (read(), after);
+        auto state = makeState (0);
+        EXPECT_TRUE (state->portNames[0] == "NONE" && state->portNames[1] == "NONE" && read() == after);
     }
 }
 
 TEST_F (PortsFile, WritingKeepsOneByteACharacter)
 {
-    auto state = makeState();
+    auto state = std::make_unique<MidiCntrState> (&backend);
+    state->settingsFolder = folder.dir;
     state->portNames = juce::StringArray (juce::String (juce::CharPointer_UTF8 ("Pad \xc5\x81")), "Out", "");
     state->ReadWritePorts (1);
     // U+0141 leaves as its low byte 0x41, so the name does not come back.
@@ -73,18 +68,13 @@ TEST_F (PortsFile, InitializeOpensTheSavedPortsByExactName)
     const auto out = backend.addDestination ("Corvane", nullptr);
     write (fileOf ("Corvane", "Corvane", "NONE"));
     auto state = makeState();
-    state->InitializeMe();
-    EXPECT_TRUE (state->portControl->inputOpen);
-    EXPECT_EQ (state->portControl->currentInput, 1);
-    EXPECT_TRUE (state->portControl->outputOpen);
+    EXPECT_TRUE (state->portControl->inputOpen && state->portControl->currentInput == 1 && state->portControl->outputOpen);
     state->portControl->Send_CC (1, 7, 1);
     EXPECT_EQ (backend.messagesTo (out).size(), 1u);
 
     state.reset(); // it saves its files on the way out
     write (fileOf (" Corvane", "Co", "NONE")); // no trimming; fewer than 3 characters opens nothing
     state = makeState();
-    state->InitializeMe();
-    EXPECT_FALSE (state->portControl->inputOpen);
-    EXPECT_FALSE (state->portControl->outputOpen);
+    EXPECT_FALSE (state->portControl->inputOpen || state->portControl->outputOpen);
     EXPECT_EQ (state->portNames[0], " Corvane"); // the name is kept
 }
