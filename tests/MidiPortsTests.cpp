@@ -41,27 +41,23 @@ TEST_F (Ports, ABlockLeavesAtStartPlusOffsetOverRate)
     block.addEvent (juce::MidiMessage::noteOff (1, 60), 44100);
     ports.sendBlockOfMessages (block, 1000.0, 44100.0);
 
-    std::vector<double> times;
-    for (auto& t : backend.messagesTo (synth))
-        times.push_back (t.timeMs);
-    EXPECT_EQ (times, (std::vector<double> { 1000.0, 1010.0, 2000.0 }));
+    const auto log = backend.messagesTo (synth);
+    ASSERT_EQ (log.size(), 3u);
+    EXPECT_TRUE (log[0].timeMs == 1000.0 && log[1].timeMs == 1010.0 && log[2].timeMs == 2000.0);
 }
 
 TEST_F (Ports, DeviceListReusesEntriesByNameAndIdentifier)
 {
     auto* entry = ports.midiOutputs[0].get();
     ports.updateDeviceList (false); // unchanged: the same entry, still open
-    EXPECT_EQ (ports.midiOutputs[0].get(), entry);
-    EXPECT_TRUE (ports.outputOpen);
+    EXPECT_TRUE (ports.midiOutputs[0].get() == entry && ports.outputOpen);
 
     // A device plugged in ahead shifts the list, but the open entry is reused.
     backend.addDestination ("Newcomer", nullptr, 0);
     ports.updateDeviceList (false);
     ASSERT_EQ (ports.midiOutputs.size(), 2);
-    EXPECT_EQ (ports.midiOutputs[1].get(), entry);
-    EXPECT_NE (entry->outDevice, nullptr);
+    EXPECT_TRUE (ports.midiOutputs[1].get() == entry && entry->outDevice != nullptr && ports.midiOutputs[0]->deviceInfo.name == "Newcomer");
     EXPECT_EQ (ports.currentOutput, 0); // still the old index until chosen again
-    EXPECT_EQ (ports.midiOutputs[0]->deviceInfo.name, "Newcomer");
 
     // Sends follow the index: the newcomer has no open port, so nothing goes out.
     ports.Send_CC (1, 7, 1);
@@ -71,6 +67,5 @@ TEST_F (Ports, DeviceListReusesEntriesByNameAndIdentifier)
     EXPECT_EQ (sent().size(), 1u);
 
     ports.open_Device (false, 5, nullptr); // beyond the list: closed
-    EXPECT_FALSE (ports.outputOpen);
-    EXPECT_EQ (ports.currentOutput, -1);
+    EXPECT_TRUE (! ports.outputOpen && ports.currentOutput == -1);
 }
