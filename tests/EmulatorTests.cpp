@@ -21,8 +21,7 @@ TEST_F (Emulator, StoresDumpsAndRecallsByProgramChange)
     send (raw ({ 0xC1, 90 })); // another channel: ignored
     EXPECT_NE (corvane.getEditBuffer(), sound);
     send (raw ({ 0xC0, 90 }));
-    EXPECT_EQ (corvane.getEditBuffer(), sound);
-    EXPECT_EQ (corvane.getProgramNumber(), 90);
+    EXPECT_TRUE (corvane.getEditBuffer() == sound && corvane.getProgramNumber() == 90);
 }
 
 // Dropped, short and late replies are exercised against the plug-in in the link tests.
@@ -32,7 +31,7 @@ TEST_F (Emulator, GarbledRepliesKeepTheirFrame)
     send (raw ({ 0xF0, 0x04, 0x01, 0x00, 0x05, 0xF7 }));
     ASSERT_EQ (out.size(), 1u);
     EXPECT_NE (juce::MemoryBlock (out[0].getRawData(), (size_t) out[0].getRawDataSize()), VirtualCorvane::editBufferFrame (corvane.getEditBuffer()));
-    EXPECT_EQ (out[0].getRawData()[0], 0xF0);
+    EXPECT_TRUE (out[0].getRawData()[0] == 0xF0 && out[0].getRawData()[out[0].getRawDataSize() - 1] == 0xF7);
 }
 
 #ifdef CORVANE_EMULATOR_APP
