@@ -143,6 +143,8 @@ TEST (ControllerState, HostTypeTableAndLogicAtStartUp)
         state.hostPathOverride = path;
         state.InitializeMe();
         EXPECT_EQ (state.isLogicHost, logic) << path;
+        EXPECT_EQ (state.midiChannel.load(), 1);
+        EXPECT_FALSE (state.localFlag.load());
     }
 }
 
