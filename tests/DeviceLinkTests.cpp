@@ -59,9 +59,9 @@ struct CorvaneLink : ::testing::Test
         link.backend.deliverPending (2 + 2 * n); // bank select and n round trips; the next request waits
         corvane.setFaults (faults);
         link.backend.deliverPending();
-        EXPECT_TRUE (link.state.transferBusy);
-        EXPECT_EQ (link.state.bankNumber, bank);
+        EXPECT_TRUE (link.state.transferBusy && link.state.bankNumber == bank);
         expectBank (bank, n);
+        expectOthersUntouched ({ bank });
         EXPECT_EQ (link.backend.deliverPending(), 0);
     }
 
@@ -94,13 +94,14 @@ TEST_F (CorvaneLink, PollTurnsTheStateOnLineFillsTheEditBufferAndRecordsTheScann
     EXPECT_EQ (juce::StringArray (link.state.iniStrings[1], link.state.iniStrings[2]), slotsBefore);
 }
 
-// One bank ends with the codes for done and saved; all banks end at bank 6; the factory bank stays.
+// One bank, then all banks, which end at bank 6; the factory bank stays.
 TEST_F (CorvaneLink, ReceivingOneBankAndAllBanks)
 {
     startBankReceive (2, 0);
     link.backend.deliverPending();
     expectBank (2);
     expectOthersUntouched ({ 2 });
+    EXPECT_EQ (corvane.getRequestsAnswered(), 128);
     const auto codes = link.drainCodes();
     EXPECT_EQ (std::count_if (codes.begin(), codes.end(), [] (unsigned c) { return (c & 0xFFFF00u) >> 8 == 0x5C02u; }), 128);
     ASSERT_GE (codes.size(), 2u);
