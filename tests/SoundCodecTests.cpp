@@ -190,8 +190,11 @@ TEST (BankStore, NamesCategoriesAndFromASC)
     EXPECT_EQ (bank.get_ProgramName (127), "Preset      Default PROG");
     bank.patchData.set (151, 0xFF80); // a sign-extended code is read whole by PatchGetName
     EXPECT_EQ ((int) bank.PatchGetName()[0], 0xFF80);
+    bank.patchData.set (32, 1234);
     bank.setStoredProgram (1, bank.patchData);
     EXPECT_EQ ((int) bank.get_ProgramName (1)[0], 0x80); // and by its low byte from the store
     bank.patchData.resize (160);
     EXPECT_EQ (bank.PatchGetName().length(), 9); // elements past the end count as 0
+    bank.BankToPatch (1);
+    EXPECT_TRUE (bank.patchData.size() == 200 && bank.patchData[32] == 1234);
 }
