@@ -43,10 +43,8 @@ TEST (LoadedBundle, IdentityBusesAndExactly315AutomatableParametersOfOurs)
 
     EXPECT_EQ (description.name, "Corvane Desker");
     EXPECT_EQ (description.manufacturerName, "Tolk Audio");
-    EXPECT_EQ (description.pluginFormatName, "VST3");
     EXPECT_TRUE (description.isInstrument);
     EXPECT_TRUE (description.category.contains ("Instrument") && description.category.contains ("Synth")) << description.category;
-    EXPECT_EQ (instance->getName(), "Corvane Desker");
     EXPECT_TRUE (instance->acceptsMidi() && instance->producesMidi() && instance->hasEditor());
     EXPECT_EQ (instance->getNumPrograms(), 128);
     EXPECT_EQ (instance->getLatencySamples(), 0);
@@ -70,16 +68,14 @@ TEST (LoadedBundle, IdentityBusesAndExactly315AutomatableParametersOfOurs)
         EXPECT_TRUE (ids.insert (hosted->getParameterID()).second) << "duplicate id " << hosted->getParameterID();
         const int index = p->getParameterIndex();
         const auto name = p->getName (64);
-        if (index < 315)
+        if (index >= 315) // the wrapper's own: bypass, program list and the hidden MIDI-controller parameters
         {
-            ++ours;
-            EXPECT_EQ (name, designedName (index)) << index;
-            EXPECT_TRUE (p->isAutomatable()) << index;
-            // Legacy ids: the parameter's own index, never one of the wrapper's.
-            EXPECT_EQ (hosted->getParameterID(), juce::String (index)) << index;
-        }
-        else // the wrapper's own: bypass, program list and the hidden MIDI-controller parameters
             EXPECT_TRUE (name == "Bypass" || name == "Program" || name.startsWith ("MIDI CC ")) << name;
+            continue;
+        }
+        ++ours; // legacy ids: the parameter's own index, never one of the wrapper's
+        EXPECT_TRUE (name == designedName (index) && p->isAutomatable() && hosted->getParameterID() == juce::String (index))
+            << index << " " << name << " id " << hosted->getParameterID();
     }
     EXPECT_EQ (ours, 315);
 }
