@@ -1,6 +1,9 @@
 // desker: a command-line librarian for Corvane sound files.
 //
 //   desker list FILE                 places, names and categories of the programs
+//   desker library DIR [--search TEXT] [--category N] [--duplicates]
+//                                    the same for every sound file below DIR, then what
+//                                    each file gave or why it was skipped
 //   desker convert [--bank L] IN OUT between bank, program, .syx and data files
 //   desker unpack                    stdin: a 149-byte frame or 143 packed bytes
 //                                    (hex text or raw); prints the 200 words
@@ -8,8 +11,10 @@
 //
 // Bad input prints one line on stderr and exits with status 2.
 
+#include "librarian/LibraryIndex.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
+#include "sound/SoundFileReader.h"
 
 #include <algorithm>
 #include <array>
@@ -23,41 +28,21 @@
 
 namespace
 {
-constexpr int dataFileBytes = 358427;
 constexpr int dataFileBanks = 7;
-constexpr int nameTableBytes = 3072;
 
 struct BadInput
 {
     std::string message;
 };
 
-using Packed = std::array<unsigned char, AutoBank::packedBytes>;
-
-struct Entry
-{
-    juce::String place;
-    Packed packed;
-};
+using Program = SoundFileReader::Program;
+using Packed = SoundFileReader::Packed;
 
 struct Contents
 {
     juce::String kind;
-    std::vector<Entry> programs;
+    std::vector<Program> programs;
 };
-
-juce::String placeOf (int index, bool withBank)
-{
-    const auto number = juce::String (index % 128 + 1);
-    return withBank ? juce::String::charToString ((juce::juce_wchar) ('A' + index / 128)) + ":" + number : number;
-}
-
-Packed packedAt (const unsigned char* p)
-{
-    Packed packed;
-    std::memcpy (packed.data(), p, packed.size());
-    return packed;
-}
 
 juce::Array<unsigned short> unpack (const Packed& packed)
 {
@@ -67,119 +52,13 @@ juce::Array<unsigned short> unpack (const Packed& packed)
     return words;
 }
 
-Packed pack (juce::Array<unsigned short>& words)
-{
-    const auto block = AutoBank::Pack_Patch_Tolk (words);
-    return packedAt (static_cast<const unsigned char*> (block.getData()));
-}
-
-// --- readers ---------------------------------------------------------------
-
-std::optional<Contents> readDataFile (const std::vector<unsigned char>& d)
-{
-    if ((int) d.size() != dataFileBytes)
-        return std::nullopt;
-    Contents c { "data file", {} };
-    for (int i = 0; i < dataFileBanks * 128; ++i)
-    {
-        const auto* p = d.data() + 14 + i * AutoBank::programBytes;
-        juce::Array<unsigned short> words;
-        for (int w = 0; w < AutoBank::numParameters; ++w)
-            words.add ((unsigned short) (p[2 * w] | (p[2 * w + 1] << 8)));
-        c.programs.push_back ({ placeOf (i, true), pack (words) });
-    }
-    return c;
-}
-
-std::optional<Contents> readFactorySet (const std::vector<unsigned char>& d)
-{
-    const auto records = ((int) d.size() - nameTableBytes) / AutoBank::patchFrameBytes;
-    if ((records != 128 && records != 896) || (int) d.size() != records * AutoBank::patchFrameBytes + nameTableBytes)
-        return std::nullopt;
-    Contents c { "factory set", {} };
-    for (int i = 0; i < records; ++i)
-    {
-        const auto* r = d.data() + i * AutoBank::patchFrameBytes;
-        const bool unframed = r[0] == 0x04 && r[1] == 0x01 && r[3] == 0x03;
-        const bool framed = r[0] == 0xF0 && r[1] == 0x04 && r[2] == 0x01 && r[148] == 0xF7;
-        if (! unframed && ! framed)
-            return std::nullopt;
-        c.programs.push_back ({ placeOf (i, records > 128), packedAt (r + 5) });
-    }
-    return c;
-}
-
-// Program dumps one after another, as the hardware sends them: 149-byte
-// frames or 154-byte numbered dumps, nothing in between.
-std::optional<Contents> readSysexStream (const std::vector<unsigned char>& d)
-{
-    Contents c { "sysex", {} };
-    size_t pos = 0;
-    while (pos < d.size())
-    {
-        size_t end = pos;
-        while (end < d.size() && d[end] != 0xF7)
-            ++end;
-        if (d[pos] != 0xF0 || end == d.size())
-            return std::nullopt;
-        const auto length = end - pos + 1;
-        const auto* m = d.data() + pos;
-        if ((length != (size_t) AutoBank::patchFrameBytes && length != (size_t) AutoBank::romFrameBytes)
-            || m[1] != 0x04 || m[2] != 0x01)
-            return std::nullopt;
-        if (length == (size_t) AutoBank::patchFrameBytes)
-            c.programs.push_back ({ placeOf ((int) c.programs.size(), false), packedAt (m + 5) });
-        else if (length == (size_t) AutoBank::romFrameBytes && m[4] == 0x03)
-            c.programs.push_back ({ placeOf (m[5] & 127, false), packedAt (m + 6) });
-        else
-            return std::nullopt;
-        pos = end + 1;
-    }
-    if (c.programs.empty())
-        return std::nullopt;
-    if (d.size() == (size_t) FileMan::bankFileBytes)
-        c.kind = "bank file";
-    else if (c.programs.size() == 1 && d.size() == (size_t) AutoBank::patchFrameBytes)
-        c.kind = "program file";
-    return c;
-}
-
-// The plug-in's rule for a program file: anything may stand before the first
-// message, which must be 149 bytes. A second message after it means the file
-// is a damaged stream, not a program file.
-std::optional<Contents> readProgramFile (const std::vector<unsigned char>& d)
-{
-    juce::Array<unsigned char> a (d.data(), (int) d.size());
-    int start = 0;
-    if (a.size() < 10 || FileMan::findFirstMessage (a, start) != AutoBank::patchFrameBytes)
-        return std::nullopt;
-    if (std::find (d.begin() + start + AutoBank::patchFrameBytes, d.end(), 0xF0) != d.end())
-        return std::nullopt;
-    return Contents { "program file", { { "1", packedAt (d.data() + start + 5) } } };
-}
-
-std::vector<unsigned char> readFile (const juce::String& path)
-{
-    const juce::File file (juce::File::getCurrentWorkingDirectory().getChildFile (path));
-    if (! file.existsAsFile())
-        throw BadInput { "cannot read " + path.toStdString() + ": no such file" };
-    juce::MemoryBlock block;
-    if (! file.loadFileAsData (block))
-        throw BadInput { "cannot read " + path.toStdString() };
-    const auto* p = static_cast<const unsigned char*> (block.getData());
-    return { p, p + block.getSize() };
-}
-
 Contents readAny (const juce::String& path)
 {
-    const auto d = readFile (path);
-    if (d.empty())
-        throw BadInput { path.toStdString() + ": empty file" };
-    for (auto reader : { readDataFile, readFactorySet, readSysexStream, readProgramFile })
-        if (auto c = reader (d))
-            return *c;
-    throw BadInput { path.toStdString() + ": not a bank, program, sysex, data or factory-set file (" + std::to_string (d.size())
-                     + " bytes; truncated, oversized or damaged?)" };
+    const juce::File file (juce::File::getCurrentWorkingDirectory().getChildFile (path));
+    auto c = SoundFileReader::read (file);
+    if (c.problem.isNotEmpty())
+        throw BadInput { path.toStdString() + ": " + c.problem.toStdString() };
+    return { c.kind, std::move (c.programs) };
 }
 
 // --- writers ---------------------------------------------------------------
@@ -196,7 +75,7 @@ void appendFrame (juce::MemoryOutputStream& out, const Packed& packed, int type,
     out.writeByte ((char) 0xF7);
 }
 
-juce::MemoryBlock encode (const std::vector<Entry>& programs, const juce::String& extension)
+juce::MemoryBlock encode (const std::vector<Program>& programs, const juce::String& extension)
 {
     juce::MemoryOutputStream out;
     const auto count = programs.size();
@@ -245,13 +124,52 @@ int list (const juce::String& path)
     for (auto& e : c.programs)
     {
         const auto words = unpack (e.packed);
-        juce::String name;
-        for (int i = 0; i < 24; ++i)
+        std::printf ("%-6s %s  %s\n", e.place().toRawUTF8(), SoundFileReader::nameOf (words).toRawUTF8(),
+                     AutoBank::Category (words[150]).toRawUTF8());
+    }
+    return 0;
+}
+
+int library (const juce::StringArray& args)
+{
+    const auto usage = BadInput { "usage: desker library DIR [--search TEXT] [--category N] [--duplicates]" };
+    if (args.size() < 3)
+        throw usage;
+    LibraryIndex::Query query;
+    for (int i = 3; i < args.size(); ++i)
+    {
+        if (args[i] == "--duplicates")
+            query.duplicates = LibraryIndex::Duplicates::sameSound;
+        else if (args[i] == "--search" && i + 1 < args.size())
+            query.text = args[++i];
+        else if (args[i] == "--category" && i + 1 < args.size())
         {
-            const auto ch = words[151 + i] & 0xFF;
-            name << juce::String::charToString ((juce::juce_wchar) (ch >= 32 && ch < 127 ? ch : '?'));
+            const auto code = args[++i];
+            if (! code.containsOnly ("0123456789") || code.isEmpty() || code.length() > 2 || code.getIntValue() > 31)
+                throw BadInput { "--category takes a category code from 0 to 31" };
+            query.category = code.getIntValue();
         }
-        std::printf ("%-6s %s  %s\n", e.place.toRawUTF8(), name.toRawUTF8(), AutoBank::Category (words[150]).toRawUTF8());
+        else
+            throw usage;
+    }
+
+    const auto folder = juce::File::getCurrentWorkingDirectory().getChildFile (args[2]);
+    if (! folder.isDirectory())
+        throw BadInput { "cannot read " + args[2].toStdString() + ": no such folder" };
+
+    const auto index = LibraryIndex::build (folder, nullptr);
+    for (auto row : index->find (query))
+    {
+        const auto& p = index->programs[(size_t) row];
+        std::printf ("%s  %-6s %s  %s\n", index->sources[(size_t) p.source].name.toRawUTF8(), p.place().toRawUTF8(),
+                     p.name.toRawUTF8(), AutoBank::Category (p.category).toRawUTF8());
+    }
+    for (auto& source : index->sources)
+    {
+        if (source.problem.isEmpty())
+            std::printf ("read    %s: %s, %d programs\n", source.name.toRawUTF8(), source.kind.toRawUTF8(), source.count);
+        else
+            std::printf ("skipped %s: %s\n", source.name.toRawUTF8(), source.problem.toRawUTF8());
     }
     return 0;
 }
@@ -276,7 +194,7 @@ int convert (const juce::StringArray& args)
     {
         if ((int) c.programs.size() < (bank + 1) * 128)
             throw BadInput { "the input has no bank " + args[3].toUpperCase().toStdString() };
-        c.programs = std::vector<Entry> (c.programs.begin() + bank * 128, c.programs.begin() + (bank + 1) * 128);
+        c.programs = std::vector<Program> (c.programs.begin() + bank * 128, c.programs.begin() + (bank + 1) * 128);
     }
     const juce::File out (juce::File::getCurrentWorkingDirectory().getChildFile (args[first + 1]));
     const auto data = encode (c.programs, out.getFileExtension().toLowerCase());
@@ -322,12 +240,12 @@ int unpackCommand()
 
     Packed packed;
     if (bytes.size() == (size_t) AutoBank::packedBytes)
-        packed = packedAt (bytes.data());
+        std::copy_n (bytes.data(), packed.size(), packed.data());
     else if (bytes.size() == (size_t) AutoBank::patchFrameBytes)
     {
         if (bytes.front() != 0xF0 || bytes.back() != 0xF7)
             throw BadInput { "a 149-byte frame must begin with f0 and end with f7" };
-        packed = packedAt (bytes.data() + 5);
+        std::copy_n (bytes.data() + 5, packed.size(), packed.data());
     }
     else
         throw BadInput { "expected a 149-byte frame or 143 packed bytes, got " + std::to_string (bytes.size()) + " bytes" };
@@ -372,11 +290,14 @@ int run (const juce::StringArray& args)
         return list (args[2]);
     if (command == "convert")
         return convert (args);
+    if (command == "library")
+        return library (args);
     if (command == "unpack" && args.size() == 2)
         return unpackCommand();
     if (command == "pack" && args.size() == 2)
         return packCommand();
-    throw BadInput { "usage: desker list FILE | convert [--bank L] IN OUT | unpack | pack" };
+    throw BadInput { "usage: desker list FILE | library DIR [--search TEXT] [--category N] [--duplicates] | convert [--bank L] IN OUT"
+                     " | unpack | pack" };
 }
 } // namespace
 
