@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "LibraryFolder.h"
 #include "ScratchFolder.h"
+#include "librarian/LibraryIndex.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
 #include "sound/TolkCorvaneBanks.h"
@@ -138,6 +140,46 @@ TEST_F (DeskerTool, RefusesBadInputWithStatus2AndOneLine)
         EXPECT_EQ (r.output.trim().indexOfChar ('\n'), -1) << r.output;
     }
     EXPECT_FALSE (file ("out.tkbn").exists());
+}
+
+TEST_F (DeskerTool, LibraryPrintsTheIndexItsViewsAndTheReport)
+{
+    const LibraryFolder library (juce::Random::getSystemRandom().nextInt64());
+    const auto index = LibraryIndex::build (library.dir(), nullptr);
+    const auto listing = [&] (const LibraryIndex::Query& query)
+    {
+        juce::String text;
+        for (auto row : index->find (query))
+        {
+            const auto& p = index->programs[(size_t) row];
+            text << index->sources[(size_t) p.source].name << "  " << p.place().paddedRight (' ', 6) << " " << p.name << "  "
+                 << AutoBank::Category (p.category) << "\n";
+        }
+        for (auto& s : index->sources)
+            text << (s.problem.isEmpty() ? "read    " + s.name + ": " + s.kind + ", " + juce::String (s.count) + " programs"
+                                         : "skipped " + s.name + ": " + s.problem) << "\n";
+        return text;
+    };
+
+    const auto dir = "library '" + library.dir().getFullPathName() + "'";
+    const int category = index->programs[300].category;
+    const std::pair<juce::String, LibraryIndex::Query> views[] = {
+        { "", {} },
+        { " --search 'tWIN oF'", { "twin of" } },
+        { " --category " + juce::String (category), { {}, category } },
+        { " --search E --category " + juce::String (category), { "e", category } },
+        { " --duplicates", { {}, -1, -1, LibraryIndex::Duplicates::sameSound } },
+    };
+    for (auto& [arguments, query] : views)
+        EXPECT_EQ (ok (dir + arguments), listing (query)) << arguments;
+
+    for (auto arguments : { "library " + path ("missing"), dir + " --category 32", dir + " --category -1", dir + " --category x" })
+    {
+        const auto r = run (arguments);
+        EXPECT_EQ (r.status, 2) << arguments;
+        EXPECT_TRUE (r.output.startsWith ("desker: ") && r.output.indexOfChar ('\n') == r.output.length() - 1) << r.output;
+    }
+    EXPECT_EQ (run ("library " + path ("missing")).output, "desker: cannot read " + file ("missing").getFullPathName() + ": no such folder\n");
 }
 
 #endif
