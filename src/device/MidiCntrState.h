@@ -78,6 +78,9 @@ public:
 
     // Tests and tools point this at a folder of their own; empty means the user's folder.
     juce::File settingsFolder;
+    // Set before InitializeMe for a state that touches no file: the settings take their defaults,
+    // the banks the factory data, no port name is read, and nothing is written.
+    bool keepsNoFiles = false;
     juce::File getSettingsFolder() const;
 
     // 0 reads the settings into iniStrings, 1 writes iniStrings out.
@@ -93,6 +96,8 @@ public:
     void WriteDataFile();
 
     static constexpr int numIniSlots = 60;
+    // The library's folder, "0" for "Library" in the settings folder.
+    static constexpr int libraryFolderSlot = 44;
     static constexpr int dataFileBytes = 358427;
 
     //==============================================================================

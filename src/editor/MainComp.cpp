@@ -13,6 +13,7 @@
 #include "editor/ProgBar.h"
 #include "editor/UpdHostCont.h"
 #include "librarian/BankComp.h"
+#include "librarian/LibComp.h"
 #include "librarian/WriteSnd.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
@@ -54,6 +55,7 @@ MainComp::~MainComp()
     advancedPanel.reset();
     appBar.reset();
     aboutPanel.reset();
+    libraryChooser.reset();
     fileManager.reset();
     writeDialog.reset();
     midiPanel.reset();
@@ -76,6 +78,9 @@ void MainComp::Constuct()
     addChildComponent (*bankPanel);
     bankPanel->addChangeListener (this);
     bankPanel->grid.addChangeListener (this);
+    bankPanel->library->addChangeListener (this);
+    bankPanel->library->grid.addChangeListener (this);
+    bankPanel->library->setFolder (libraryFolder());
 
     fileManager = std::make_unique<FileMan>();
     addChildComponent (*fileManager);
@@ -291,6 +296,10 @@ void MainComp::changeListenerCallback (juce::ChangeBroadcaster* source)
             return IvrBankAct (&bankPanel->grid);
         if (source == bankPanel.get())
             return bankPanelAct();
+        if (source == &bankPanel->library->grid)
+            return LibraryGridAct();
+        if (source == bankPanel->library.get())
+            return LibraryAct();
     }
 
     if (writeDialog != nullptr)

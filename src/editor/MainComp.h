@@ -134,10 +134,20 @@ public:
     void BankPopupMIDI();
     void BankPopupPresets();
     // The 32 categories; what a choice does depends on `source`: 86 the bank window's filter, 87 and
-    // 88 the category of `program` of `bank`, 89 the write dialog's category, 90 its filter.
+    // 88 the category of `program` of `bank`, 89 the write dialog's category, 90 its filter, 91 the
+    // library's filter (with "All Categories" to lift it).
     // `afterChoice` runs once a choice has been acted on.
     void CategoryPopup (int source, int bank, int program, std::function<void()> afterChoice = {});
     void IvrBankAct (IvrGrid* grid);
+
+    //==============================================================================
+    // The library window (MainCompLib.cpp): its folder, kept in the settings, its menus, and its
+    // grid's actions: a press auditions the program, a popup click opens the program's menu.
+    juce::File libraryFolder() const;
+    void setLibraryFolder (const juce::File& folder);
+    void LibraryPopupFILE();
+    void LibraryAct();
+    void LibraryGridAct();
 
     //==============================================================================
     // The keyboard strip played (MainCompMM.cpp): the keys' notes, the wheels and the velocity.
@@ -175,6 +185,7 @@ public:
     bool keyboardShown = true;
     std::unique_ptr<UpdHostCont> updateHostBox;
     int returnBank = 0;
+    std::unique_ptr<juce::FileChooser> libraryChooser;
     std::unique_ptr<AutoBank> copyBuffer;
     bool copyBufferFull = false;
     bool useLoadedData = false;
@@ -193,6 +204,14 @@ private:
     void programMenu();
     // The menu of a program of the bank grid: copy, paste, save, load, initialize.
     void gridProgramMenu (int bank, int program);
+    // The menu of a library program: copy, copy into a bank, its duplicates, its file.
+    void libraryProgramMenu (int program);
+    void libraryDoublesMenu();
+    // The paste buffer takes a program's 200 words.
+    void copyToPasteBuffer (const juce::Array<unsigned short>& words);
+    // Copies the sound files the user picks into the library folder.
+    void addFilesToLibrary();
+    void chooseLibraryFolder();
     // Builds the write dialog on the working program and the current place.
     void openWriteDialog();
     // Answers the write dialog's buttons, display clicks and filter.

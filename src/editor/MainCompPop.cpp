@@ -10,6 +10,7 @@
 #include "editor/controls/DeskerLookAndFeel.h"
 #include "librarian/BankComp.h"
 #include "librarian/IvrGrid.h"
+#include "librarian/LibComp.h"
 #include "librarian/WriteSnd.h"
 #include "plugin/HandlerComp.h"
 #include "sound/AutoBank.h"
@@ -106,10 +107,7 @@ void MainComp::editMenu()
     {
         if (id == 1)
         {
-            if (copyBuffer == nullptr)
-                copyBuffer = std::make_unique<AutoBank> (0);
-            copyBuffer->setStoredProgram (0, *words);
-            copyBufferFull = true;
+            copyToPasteBuffer (*words);
             TransmitBuffer();
         }
         else if (id == 2)
@@ -224,15 +222,6 @@ juce::Array<unsigned char> bytesOf (const juce::MemoryBlock& block)
     return { static_cast<const unsigned char*> (block.getData()), (int) block.getSize() };
 }
 
-// The row of the grid that was last pressed, in the grid's coordinates; the whole grid when that row
-// is out of view.
-juce::Rectangle<int> pressedRow (const IvrGrid& grid)
-{
-    const int shown = grid.selectedRow - grid.firstRow;
-    if (grid.selectedRow < 0 || shown < 0 || shown >= grid.visibleRows())
-        return grid.getLocalBounds();
-    return { 0, shown * grid.rowHeight, grid.getWidth(), grid.rowHeight };
-}
 } // namespace
 
 void MainComp::BankPopupFILE()
@@ -328,10 +317,16 @@ void MainComp::CategoryPopup (int source, int bank, int program, std::function<v
     {
         case 86: target = &bankPanel->categoryButton; break;
         case 87: target = &editorPanel->lcd; break;
-        case 88: target = &bankPanel->grid; area = pressedRow (bankPanel->grid); break;
+        case 88: target = &bankPanel->grid; area = bankPanel->grid.selectedRowArea(); break;
         case 89: target = writeDialog != nullptr ? &writeDialog->lcd : nullptr; break;
         case 90: target = writeDialog != nullptr ? &writeDialog->categoryButton : nullptr; break;
+        case 91: target = &bankPanel->library->categoryButton; break;
         default: break;
+    }
+    if (source == 91)
+    {
+        menu.addSeparator();
+        menu.addItem (33, "All Categories", true, bankPanel->library->query.category < 0);
     }
     if (target != nullptr && area.isEmpty())
         area = target->getLocalBounds();
@@ -369,6 +364,10 @@ void MainComp::CategoryPopup (int source, int bank, int program, std::function<v
             case 90:
                 if (writeDialog != nullptr)
                     writeDialog->listCategory (category);
+                break;
+
+            case 91:
+                bankPanel->library->setCategory (category < 32 ? category : -1);
                 break;
 
             default:
@@ -434,7 +433,7 @@ void MainComp::gridProgramMenu (int bank, int program)
     menu.addSeparator();
     menu.addItem (5, "Initialize " + name);
 
-    showMenu (std::move (menu), &bankPanel->grid, pressedRow (bankPanel->grid), [this, bank, program] (int id)
+    showMenu (std::move (menu), &bankPanel->grid, bankPanel->grid.selectedRowArea(), [this, bank, program] (int id)
     {
         auto& store = *state->banks[(size_t) bank];
 
@@ -452,13 +451,7 @@ void MainComp::gridProgramMenu (int bank, int program)
         switch (id)
         {
             case 1:
-                if (copyBuffer == nullptr)
-                {
-                    copyBuffer = std::make_unique<AutoBank> (0);
-                    copyBuffer->Initialize_Bank();
-                }
-                copyBuffer->setStoredProgram (0, store.getStoredProgram (program));
-                copyBufferFull = true;
+                copyToPasteBuffer (store.getStoredProgram (program));
                 break;
 
             case 2:

@@ -32,16 +32,22 @@ BankComp::BankComp()
     categoryButton.InitializeMe (85, 336, buttonWidth, buttonHeight, false);
     addAndMakeVisible (categoryButton);
     categoryButton.addChangeListener (this);
-    buildCommonParts (*this, 52);
+    buildCommonParts (*this);
+
+    useLoadedDataCheck.caption = "Use Loaded Data";
+    useLoadedDataCheck.showCaption = true;
+    // The caption has the 70 pixels between the box and "FILE".
+    useLoadedDataCheck.fontHeight = 10.0f;
+    useLoadedDataCheck.setBounds (52, 21, 100, 15);
+    addAndMakeVisible (useLoadedDataCheck);
+    useLoadedDataCheck.addChangeListener (this);
 
     library = std::make_unique<LibComp>();
     addChildComponent (*library);
-    library->addChangeListener (this);
 }
 
 BankComp::~BankComp()
 {
-    library->removeChangeListener (this);
     useLoadedDataCheck.removeChangeListener (this);
     for (auto* button : buttons())
         button->removeChangeListener (this);
@@ -101,7 +107,7 @@ void BankComp::changeListenerCallback (juce::ChangeBroadcaster* source)
     }
     else
     {
-        return; // the library window's messages end here
+        return;
     }
 
     sendChangeMessage();

@@ -29,9 +29,9 @@ public:
     void setListing (int mode, int value);
 
     // What the bank and the library windows share: "FILE", "MIDI", "PRESETS" and "LIBRARY" along the
-    // top, the "Use Loaded Data" check at `checkX`, the grid; all reporting to `owner`.
+    // top and the grid, all reporting to `owner`.
     template <typename Owner>
-    static void buildCommonParts (Owner& owner, int checkX)
+    static void buildCommonParts (Owner& owner)
     {
         const int x[] = { 154, 232, 310, 388 };
         int i = 0;
@@ -41,15 +41,6 @@ public:
             owner.addAndMakeVisible (*button);
             button->addChangeListener (&owner);
         }
-
-        auto& check = owner.useLoadedDataCheck;
-        check.caption = "Use Loaded Data";
-        check.showCaption = true;
-        // The caption has the 70 pixels between the box and "FILE".
-        check.fontHeight = 10.0f;
-        check.setBounds (checkX, 21, 100, 15);
-        owner.addAndMakeVisible (check);
-        check.addChangeListener (&owner);
 
         owner.grid.setBounds (170, 70, 270, 324);
         owner.grid.Initialize ({ 45, 95, 85, 0 });

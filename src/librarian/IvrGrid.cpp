@@ -117,6 +117,14 @@ void IvrGrid::showProgram (int bank, int program)
     }
 }
 
+juce::Rectangle<int> IvrGrid::selectedRowArea() const
+{
+    const int shown = selectedRow - firstRow;
+    if (selectedRow < 0 || shown < 0 || shown >= visibleRows())
+        return getLocalBounds();
+    return { 0, shown * rowHeight, getWidth(), rowHeight };
+}
+
 int IvrGrid::visibleRows() const
 {
     return rowHeight > 0 ? getHeight() / rowHeight : 0;
@@ -238,12 +246,17 @@ void IvrGrid::mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDet
     scrollTo (thumbPosition);
 }
 
+IvrGrid::RowText IvrGrid::rowText (int row) const
+{
+    const auto* program = storedProgram (*gridBanks[(size_t) rowBanks.getUnchecked (row)], rowPrograms.getUnchecked (row));
+    return { FormatBANK (row), nameLine (program, 0), nameLine (program, lineLength), AutoBank::Category (program[2 * categoryWord]) };
+}
+
 void IvrGrid::paintRow (juce::Graphics& g, int row, int y, bool selected, const juce::Font& font) const
 {
     const int w = columnWidths[0] + 4 + columnWidths[1] + columnWidths[2];
     const int y0 = y + textSize + 4;
-    const int bank = rowBanks.getUnchecked (row);
-    const auto* program = storedProgram (*gridBanks[(size_t) bank], rowPrograms.getUnchecked (row));
+    const auto text = rowText (row);
     const auto* colours = textColours.data() + (selected ? 3 : 0);
 
     g.drawImage (ruleImage, 0, y, w, 3, 0, 0, w, 3);
@@ -257,12 +270,24 @@ void IvrGrid::paintRow (juce::Graphics& g, int row, int y, bool selected, const 
 
     g.setFont (font);
     g.setColour (juce::Colour (colours[0]));
-    g.drawSingleLineText (FormatBANK (row), 7, y0);
+    // A long place is narrowed to its column rather than run into the name.
+    const float placeWidth = font.getStringWidthFloat (text.place);
+    const float room = (float) (columnWidths[0] - 3);
+    if (placeWidth > room)
+    {
+        juce::Graphics::ScopedSaveState save (g);
+        g.addTransform (juce::AffineTransform::scale (room / placeWidth, 1.0f, 7.0f, 0.0f));
+        g.drawSingleLineText (text.place, 7, y0);
+    }
+    else
+    {
+        g.drawSingleLineText (text.place, 7, y0);
+    }
     g.setColour (juce::Colour (colours[1]));
-    g.drawSingleLineText (nameLine (program, 0), columnWidths[0] + 6, y0);
-    g.drawSingleLineText (nameLine (program, lineLength), columnWidths[0] + 6, y0 + textSize + 1);
+    g.drawSingleLineText (text.firstLine, columnWidths[0] + 6, y0);
+    g.drawSingleLineText (text.secondLine, columnWidths[0] + 6, y0 + textSize + 1);
     g.setColour (juce::Colour (colours[2]));
-    g.drawSingleLineText (AutoBank::Category (program[2 * categoryWord]), columnWidths[0] + 4 + columnWidths[1] + 2, y0);
+    g.drawSingleLineText (text.category, columnWidths[0] + 4 + columnWidths[1] + 2, y0);
 }
 
 void IvrGrid::paint (juce::Graphics& g)

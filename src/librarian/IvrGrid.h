@@ -32,6 +32,9 @@ public:
     void showProgram (int bank, int program);
     // Rows that fit in the height.
     int visibleRows() const;
+    // The selected row in the grid's coordinates, or the whole grid when that row is out of view:
+    // where a menu about the row opens.
+    juce::Rectangle<int> selectedRowArea() const;
     // The six text colours: place, name, category of a plain row, then of the selected row.
     void setTextColours (std::array<juce::uint32, 6> colours);
 
@@ -77,6 +80,14 @@ public:
     juce::Image thumbImage;  // suvGridTmb
     juce::Image trackImage;  // Suvbkgrnd
     juce::Image ruleImage;   // liveGrd
+
+protected:
+    // What a row shows: its place, the two 12-character lines of its name, its category.
+    struct RowText
+    {
+        juce::String place, firstLine, secondLine, category;
+    };
+    virtual RowText rowText (int row) const;
 
 private:
     // `position` limited to the first rows that still fill the view: 0 to rowCount - visibleRows().

@@ -5,7 +5,6 @@
 #include "device/MidiCntrState.h"
 #include "librarian/BankComp.h"
 #include "librarian/IvrGrid.h"
-#include "librarian/LibComp.h"
 #include "sound/AutoBank.h"
 
 #include <utility>
@@ -217,7 +216,7 @@ TEST (Grid, ScrollBarOnlyWhenRowsDoNotFit)
     }
 }
 
-TEST_F (GridWindow, OpensOnTheCurrentProgramAndTheLibraryReachesNothingBeyondIt)
+TEST_F (GridWindow, OpensOnTheCurrentProgram)
 {
     const struct { int bank, program, firstRow; } cases[] = { { 1, 100, 100 }, { 6, 125, 119 } };
     for (const auto& c : cases)
@@ -232,16 +231,4 @@ TEST_F (GridWindow, OpensOnTheCurrentProgramAndTheLibraryReachesNothingBeyondIt)
         toggleBanks();
         EXPECT_FALSE (main().bankPanelShown);
     }
-
-    toggleBanks();
-    click (centreOf (banks().libraryButton));
-    auto& library = *banks().library;
-    ASSERT_TRUE (library.isShowing());
-    const int code = banks().actionCode;
-    click (centreOf (library.fileButton));
-    click (at (library.useLoadedDataCheck, { 8, 7 }));
-    pump (100);
-    EXPECT_TRUE (openMenus().empty());
-    EXPECT_EQ (banks().actionCode, code);
-    EXPECT_FALSE (main().useLoadedData);
 }

@@ -38,6 +38,7 @@ const Page pages[] = {
     { "woodPanelRight", paintWoodPanelRight },
     { "advancedPicEmp", paintAdvancedPicEmp },
     { "bankSkin", paintBankSkin },
+    { "libSkin", paintLibSkin },
     { "pianoFrame", paintPianoFrame },
     { "keyWhiteUp", paintKeyWhiteUp },
     { "keyWhiteDn", paintKeyWhiteDn },

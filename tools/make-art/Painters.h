@@ -43,6 +43,7 @@ juce::Image paintWoodPanelLeft (ArtBook&);
 juce::Image paintWoodPanelRight (ArtBook&);
 juce::Image paintAdvancedPicEmp (ArtBook&);
 juce::Image paintBankSkin (ArtBook&);
+juce::Image paintLibSkin (ArtBook&);
 
 // Keyboard strip (KeyboardArt.cpp)
 juce::Image paintPianoFrame (ArtBook&);

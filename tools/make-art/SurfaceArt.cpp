@@ -172,3 +172,32 @@ juce::Image paintBankSkin (ArtBook&)
     g.fillRect (499, 0, 1, 444);
     return image;
 }
+
+juce::Image paintLibSkin (ArtBook&)
+{
+    auto image = makeImage (500, 444, false);
+    darkPlate (image, juce::Colour (0xff1d2226), juce::Colour (0xff131618), 501);
+    juce::Graphics g (image);
+
+    print (g, "PROGRAM LIBRARY", { 14.0f, 18.0f, 134.0f, 24.0f }, 11.0f, juce::Justification::centredLeft, true,
+           juce::Colour (0xff8fd8d8), 0.12f);
+
+    // Recessed wells: the program list, the search field, the list of files, the status strip.
+    for (auto well : { juce::Rectangle<float> (168.0f, 68.0f, 274.0f, 328.0f), juce::Rectangle<float> (10.0f, 67.0f, 152.0f, 27.0f),
+                       juce::Rectangle<float> (10.0f, 132.0f, 152.0f, 264.0f), juce::Rectangle<float> (10.0f, 402.0f, 432.0f, 36.0f) })
+    {
+        g.setColour (juce::Colour (0xff0a0c0d));
+        g.fillRoundedRectangle (well, 3.0f);
+        sunken (g, well, 3.0f, 2.0f);
+    }
+    // A fine cyan rule under the title ties the window to its grid's colours.
+    g.setColour (juce::Colour (0x5500bbbb));
+    g.fillRect (14, 44, 134, 1);
+
+    g.setColour (juce::Colours::white.withAlpha (0.1f));
+    g.fillRect (0, 0, 500, 1);
+    g.setColour (juce::Colours::black.withAlpha (0.6f));
+    g.fillRect (0, 443, 500, 1);
+    g.fillRect (499, 0, 1, 444);
+    return image;
+}

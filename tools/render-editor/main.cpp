@@ -1,24 +1,59 @@
 // Renders the editor into PNG files, as a musician sees it at the given widths:
-//   render-editor DIR [--advanced | --bank | --midi] [WIDTH...]   (default widths 1505 and 978)
+//   render-editor DIR [--advanced | --bank | --midi | --library] [WIDTH...]   (default widths 1505 and 978)
 // writes DIR/editor-WIDTH.png, with --advanced the advanced page, DIR/editor-advanced-WIDTH.png,
 // with --bank the bank window open on bank A with its third row selected, DIR/editor-bank-WIDTH.png,
-// with --midi the MIDI page, DIR/editor-midi-WIDTH.png.
+// with --midi the MIDI page, DIR/editor-midi-WIDTH.png, with --library the library window over a
+// folder of the factory sets and one broken file, searched for "pad", DIR/editor-library-WIDTH.png.
 // Runs with a settings folder of its own, so that no user file is read or written, and with no
 // MIDI port open.
 
 #include "device/InProcessMidiBackend.h"
 #include "editor/MainComp.h"
 #include "librarian/BankComp.h"
+#include "librarian/LibComp.h"
 #include "plugin/PluginEditor.h"
 #include "plugin/PluginProcessor.h"
+#include "sound/AutoBank.h"
+#include "sound/FileMan.h"
+#include "sound/TolkCorvaneBanks.h"
 
 #include <iostream>
+
+namespace juce
+{
+// JUCE's own step of its message loop, for the library's reading, which ends on a timer.
+bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
+} // namespace juce
+
+namespace
+{
+// The factory sets as the library would hold them: the sets themselves, two banks as bank files.
+void fillLibrary (const juce::File& folder)
+{
+    folder.getChildFile ("Factory").createDirectory();
+    for (int set = 0; set < 8; ++set)
+    {
+        const char* data = nullptr;
+        int size = 0;
+        if (TolkCorvaneBanks::getSet (set, data, size))
+            folder.getChildFile ("Factory/Set " + juce::String (set + 1) + ".tkr").replaceWithData (data, (size_t) size);
+    }
+    for (int bank : { 1, 4 })
+    {
+        AutoBank store (0);
+        store.PreloadFactoryData (0, bank);
+        const auto file = FileMan::Bank_File_Data (store);
+        folder.getChildFile ("Bank " + juce::String::charToString ((juce::juce_wchar) ('A' + bank)) + ".tkbn").replaceWithData (file.getData(), file.getSize());
+    }
+    folder.getChildFile ("Broken.syx").replaceWithData ("\xf0\x04\x01", 3);
+}
+} // namespace
 
 int main (int argc, char** argv)
 {
     if (argc < 2)
     {
-        std::cerr << "usage: render-editor DIR [--advanced | --bank | --midi] [WIDTH...]" << std::endl;
+        std::cerr << "usage: render-editor DIR [--advanced | --bank | --midi | --library] [WIDTH...]" << std::endl;
         return 2;
     }
 
@@ -40,6 +75,8 @@ int main (int argc, char** argv)
             page = "bank-";
         else if (juce::String (argv[i]) == "--midi")
             page = "midi-";
+        else if (juce::String (argv[i]) == "--library")
+            page = "library-";
         else
             widths.add (juce::jlimit (301, 1505, juce::String (argv[i]).getIntValue()));
     }
@@ -48,6 +85,8 @@ int main (int argc, char** argv)
 
     const auto settings = juce::File::createTempFile ("desker-render");
     settings.createDirectory();
+    if (page == "library-")
+        fillLibrary (settings.getChildFile ("Library"));
     int status = 0;
     {
         InProcessMidiBackend noPorts;
@@ -72,6 +111,18 @@ int main (int argc, char** argv)
                 processor.midiCntrState.programNumber = 0;
                 mainComp.Show_Window (103, true, 0);
                 mainComp.bankPanel->grid.selectedRow = 2;
+            }
+            if (page == "library-")
+            {
+                mainComp.Show_Window (103, true, 0);
+                auto& library = *mainComp.bankPanel->library;
+                library.setBounds (0, 0, 500, 444);
+                library.setVisible (true);
+                for (int i = 0; i < 1000 && library.isScanning(); ++i)
+                    juce::dispatchNextMessageOnSystemQueue (false);
+                library.setSearchText ("pad");
+                library.grid.selectedRow = 1;
+                library.grid.selectedProgram = library.grid.rowPrograms[1];
             }
             const auto image = editor->createComponentSnapshot (editor->getLocalBounds());
             const auto file = dir.getChildFile ("editor-" + page + juce::String (width) + ".png");

@@ -11,6 +11,19 @@ DeskerLookAndFeel::DeskerLookAndFeel()
     setColour (juce::PopupMenu::highlightedTextColourId, juce::Colour (0xffffffff));
 }
 
+void DeskerLookAndFeel::drawScrollbar (juce::Graphics& g, juce::ScrollBar& bar, int x, int y, int width, int height,
+                                       bool isScrollbarVertical, int thumbStartPosition, int thumbSize, bool isMouseOver, bool isMouseDown)
+{
+    g.setColour (bar.findColour (juce::ScrollBar::trackColourId));
+    g.fillRect (x, y, width, height);
+
+    auto thumb = isScrollbarVertical ? juce::Rectangle<int> (x, thumbStartPosition, width, thumbSize)
+                                     : juce::Rectangle<int> (thumbStartPosition, y, thumbSize, height);
+    const auto colour = bar.findColour (juce::ScrollBar::thumbColourId);
+    g.setColour (isMouseDown ? colour.brighter (0.4f) : isMouseOver ? colour.brighter (0.2f) : colour);
+    g.fillRoundedRectangle (thumb.reduced (2).toFloat(), 2.5f);
+}
+
 juce::Typeface::Ptr DeskerLookAndFeel::regularTypeface()
 {
     static const auto face = juce::Typeface::createSystemTypefaceFor (DeskerData::LiberationSansRegular_ttf,

@@ -12,6 +12,11 @@ public:
 
     juce::Typeface::Ptr getTypefaceForFont (const juce::Font& font) override;
 
+    // Scroll bars are a flat thumb in the bar's thumb colour, without arrow buttons.
+    bool areScrollbarButtonsVisible() override { return false; }
+    void drawScrollbar (juce::Graphics& g, juce::ScrollBar& bar, int x, int y, int width, int height, bool isScrollbarVertical,
+                        int thumbStartPosition, int thumbSize, bool isMouseOver, bool isMouseDown) override;
+
     // The embedded faces, loaded once per process.
     static juce::Typeface::Ptr regularTypeface();
     static juce::Typeface::Ptr boldTypeface();

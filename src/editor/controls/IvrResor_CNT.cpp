@@ -27,6 +27,7 @@ const IvrResor::Entry entries[] = {
     { "woodPanelRight", 25, 887 },
     { "advancedPicEmp", 1000, 444 },
     { "bankSkin", 500, 444 },
+    { "libSkin", 500, 444 },
     { "pianoFrame", 1506, 272 },
     { "keyWhiteUp", 40, 240 },
     { "keyWhiteDn", 40, 240 },
