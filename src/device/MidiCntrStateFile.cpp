@@ -63,6 +63,13 @@ juce::StringArray MidiCntrState::ParseIniText (const juce::String& text)
 
 void MidiCntrState::ReadWriteIni (int mode)
 {
+    if (keepsNoFiles)
+    {
+        if (mode == 0)
+            INI_Defaults();
+        return;
+    }
+
     const auto file = getSettingsFolder().getChildFile (settingsFileName);
 
     if (! file.existsAsFile())
@@ -103,7 +110,7 @@ void MidiCntrState::ReadDataFile()
     const auto file = getSettingsFolder().getChildFile (dataFileName);
     juce::MemoryBlock data;
     // The size is the only test: the markers are not checked.
-    const bool usable = file.existsAsFile() && file.getSize() == dataFileBytes && file.loadFileAsData (data)
+    const bool usable = ! keepsNoFiles && file.existsAsFile() && file.getSize() == dataFileBytes && file.loadFileAsData (data)
                         && (int) data.getSize() == dataFileBytes;
 
     for (int i = 0; i < userBanks; ++i)
@@ -123,6 +130,9 @@ void MidiCntrState::ReadDataFile()
 
 void MidiCntrState::WriteDataFile()
 {
+    if (keepsNoFiles)
+        return;
+
     juce::MemoryBlock data;
     data.append (dataHead, (size_t) dataHeadBytes);
     for (int i = 0; i < userBanks; ++i)

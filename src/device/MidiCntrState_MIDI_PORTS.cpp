@@ -34,6 +34,9 @@ void MidiCntrState::ReadWritePorts (int mode)
     for (int i = 0; i < 3; ++i)
         portNames.add ("NONE");
 
+    if (keepsNoFiles)
+        return;
+
     const auto file = portsFile();
     if (! file.existsAsFile())
         SavePortStrings();
@@ -63,6 +66,9 @@ void MidiCntrState::ReadWritePorts (int mode)
 
 void MidiCntrState::SavePortStrings()
 {
+    if (keepsNoFiles)
+        return;
+
     juce::MemoryBlock data;
     const juce::uint8 markers[] = { endOfInput, endOfOutput, endOfThird };
     for (int i = 0; i < 3; ++i)

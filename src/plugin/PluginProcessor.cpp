@@ -1,5 +1,6 @@
 #include "plugin/PluginProcessor.h"
 
+#include "device/InProcessMidiBackend.h"
 #include "device/MIDI_PORTS_Control.h"
 #include "editor/MainComp.h"
 #include "plugin/HandlerComp.h"
@@ -16,14 +17,27 @@ constexpr int sendBufferBytes = 4096;
 } // namespace
 
 DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, MidiBackend* midiBackend)
+    : DeskerAudioProcessor (settingsFolder, midiBackend, nullptr)
+{
+}
+
+DeskerAudioProcessor::DeskerAudioProcessor (Detached)
+    : DeskerAudioProcessor ({}, nullptr, std::make_unique<InProcessMidiBackend>())
+{
+}
+
+DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, MidiBackend* midiBackend,
+                                            std::unique_ptr<MidiBackend> ownBackend)
     : juce::AudioProcessor (BusesProperties()
                                 .withInput ("Input", juce::AudioChannelSet::stereo(), true)
                                 .withOutput ("Output", juce::AudioChannelSet::stereo(), true)),
-      midiCntrState (midiBackend)
+      detachedBackend (std::move (ownBackend)),
+      midiCntrState (detachedBackend != nullptr ? detachedBackend.get() : midiBackend)
 {
     resetPosition (hostPosition);
 
     midiCntrState.settingsFolder = settingsFolder;
+    midiCntrState.keepsNoFiles = detachedBackend != nullptr;
     midiCntrState.InitializeMe();
 
     midiCntrState.handler->addChangeListener (this);
@@ -34,9 +48,10 @@ DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, Mi
         clockBuffer.ensureSize (3080);
     sendBuffer.ensureSize (sendBufferBytes);
 
-    // Headless hosts scan plug-ins with no display: then the smallest size is taken.
+    // Headless hosts scan plug-ins with no display: then the smallest size is taken. A detached
+    // processor asks no display (the desktop would start the system's settings tools).
     int displayHeight = 0;
-    if (juce::MessageManager::getInstanceWithoutCreating() != nullptr)
+    if (detachedBackend == nullptr && juce::MessageManager::getInstanceWithoutCreating() != nullptr)
         if (auto* display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay())
             displayHeight = display->userArea.getHeight();
 
@@ -46,6 +61,9 @@ DeskerAudioProcessor::DeskerAudioProcessor (const juce::File& settingsFolder, Mi
 
     resetPosition (hostPosition);
     setLatencySamples (0);
+
+    for (int i = 0; i < (int) initialValues.size(); ++i)
+        initialValues[(size_t) i] = getParameter (i);
 }
 
 DeskerAudioProcessor::~DeskerAudioProcessor()

@@ -17,6 +17,12 @@ public:
     // settingsFolder: where the settings files live, empty for the user's folder; midiBackend:
     // the MIDI devices, null for the system's.
     explicit DeskerAudioProcessor (const juce::File& settingsFolder = {}, MidiBackend* midiBackend = nullptr);
+
+    // A processor that only describes itself, as the LV2 build step needs: it opens no MIDI port
+    // of the system (it has virtual devices of its own, none of them present) and touches no file.
+    struct Detached {};
+    explicit DeskerAudioProcessor (Detached);
+
     ~DeskerAudioProcessor() override;
 
     const juce::String getName() const override { return "Corvane Desker"; }
@@ -51,8 +57,15 @@ public:
     int getNumParameters() override { return 315; }
     const juce::String getParameterName (int index) override;
     float getParameter (int index) override;
+    // The value of the initial program, so that a host that knows only the declared defaults
+    // shows a fresh instance as it is.
+    float getParameterDefaultValue (int index) override;
     const juce::String getParameterText (int index) override;
     void setParameter (int index, float value) override;
+    // "p" and the index in three digits: LV2 names may not start with a digit, and hosts that sort
+    // them keep the parameters in order. The VST3 wrapper keeps the bare index, which saved host
+    // projects hold.
+    juce::String getParameterID (int index) override;
     const juce::String getInputChannelName (int channelIndex) const override { return juce::String (channelIndex + 1); }
     const juce::String getOutputChannelName (int channelIndex) const override { return juce::String (channelIndex + 1); }
     bool isInputChannelStereoPair (int) const override { return true; }
@@ -83,6 +96,8 @@ public:
     juce::AudioPlayHead::CurrentPositionInfo hostPosition;
     ParDes parDes;
     int editorWidth = 978, editorHeight = 480;
+    // The virtual devices of a detached processor; declared before the state, which they outlive.
+    std::unique_ptr<MidiBackend> detachedBackend;
     MidiCntrState midiCntrState;
     juce::MemoryBlock gestureOpen;
     juce::Array<juce::uint16> gesturePending;
@@ -94,6 +109,8 @@ public:
     juce::CriticalSection clockLock; // the audio thread's alone
 
 private:
+    DeskerAudioProcessor (const juce::File& settingsFolder, MidiBackend* midiBackend, std::unique_ptr<MidiBackend> ownBackend);
+
     static void resetPosition (juce::AudioPlayHead::CurrentPositionInfo& position);
     void takeSampleRate (int rate);
     void hostMidiToDevice (const juce::MidiMessageMetadata& event);
@@ -106,6 +123,10 @@ private:
     int currentSoundValue (int index) const;
     void setSoundParameter (int index, int value);
     void setMidiParameter (int index, int value);
+
+    // What getParameter gave when construction ended: the initial program and the MIDI
+    // parameters' start values.
+    std::array<float, 315> initialValues {};
 
     // One outgoing message at a time, prepared so that sending needs no allocation.
     juce::MidiBuffer sendBuffer;

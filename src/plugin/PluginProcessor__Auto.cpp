@@ -35,6 +35,16 @@ float DeskerAudioProcessor::getParameter (int index)
     return midiCntrState.normalisedFor (index, value);
 }
 
+float DeskerAudioProcessor::getParameterDefaultValue (int index)
+{
+    return juce::isPositiveAndBelow (index, numHostParameters) ? initialValues[(size_t) index] : 0.0f;
+}
+
+juce::String DeskerAudioProcessor::getParameterID (int index)
+{
+    return "p" + juce::String (index).paddedLeft ('0', 3);
+}
+
 const juce::String DeskerAudioProcessor::getParameterText (int index)
 {
     if (! juce::isPositiveAndBelow (index, numHostParameters))
