@@ -17,6 +17,7 @@ endif
 export CCACHE_BASEDIR := $(CURDIR)
 
 VST3_BUNDLE := $(BUILD_DIR)/Desker_artefacts/$(BUILD_TYPE)/VST3/Corvane Desker.vst3
+LV2_BUNDLE := $(BUILD_DIR)/Desker_artefacts/$(BUILD_TYPE)/LV2/Corvane Desker.lv2
 STANDALONE := $(BUILD_DIR)/Desker_artefacts/$(BUILD_TYPE)/Standalone/Corvane Desker
 
 .PHONY: all deps configure build test bench run install clean
@@ -42,10 +43,11 @@ bench: configure
 	$(if $(DISPLAY),,xvfb-run -a) $(BUILD_DIR)/bench/desker_bench
 
 install: build
-	mkdir -p $(HOME)/.vst3
-	rm -rf "$(HOME)/.vst3/Corvane Desker.vst3"
+	mkdir -p $(HOME)/.vst3 $(HOME)/.lv2
+	rm -rf "$(HOME)/.vst3/Corvane Desker.vst3" "$(HOME)/.lv2/Corvane Desker.lv2"
 	cp -r "$(VST3_BUNDLE)" "$(HOME)/.vst3/"
-	@echo "Installed $(HOME)/.vst3/Corvane Desker.vst3"
+	cp -r "$(LV2_BUNDLE)" "$(HOME)/.lv2/"
+	@echo "Installed $(HOME)/.vst3/Corvane Desker.vst3 and $(HOME)/.lv2/Corvane Desker.lv2"
 
 run: install
 	"$(STANDALONE)"
