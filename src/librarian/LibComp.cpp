@@ -53,7 +53,7 @@ LibComp::LibComp()
     searchField.onReturnKey = [this] { searchField.giveAwayKeyboardFocus(); };
     searchField.onEscapeKey = [this]
     {
-        searchField.clear();
+        setSearchText ({});
         searchField.giveAwayKeyboardFocus();
     };
     addAndMakeVisible (searchField);

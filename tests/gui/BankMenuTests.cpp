@@ -75,14 +75,6 @@ struct BankMenus : ::testing::Test, EditorHarness
     // Row `row` of the view at `x` of the grid.
     juce::Point<float> row (int r, int x = 60) { return at (grid(), { x, r * grid().rowHeight + grid().rowHeight / 2 }); }
 
-    void rightPress (juce::Point<float> p)
-    {
-        mouse (p, {});
-        mouse (p, juce::ModifierKeys::rightButtonModifier);
-        mouse (p, {});
-        pump();
-    }
-
     // The program menu of row `r` of the listed bank, its item `item`, and the file dialog if any.
     bool programMenu (int r, const juce::String& item, const juce::File& file = {}, const char* answerButton = "Open")
     {

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -114,6 +115,20 @@ public:
         pump();
     }
 
+    // Ends the processor, which writes the data file, and starts a fresh one on the same folder;
+    // returns the data file as the first one left it.
+    juce::MemoryBlock restartProcessor()
+    {
+        closeEditor();
+        processor.removeListener (&host);
+        std::destroy_at (&processor);
+        juce::MemoryBlock data;
+        folder.dir.getChildFile ("tkdeskerdata.dat").loadFileAsData (data);
+        std::construct_at (&processor, folder.dir, &backend);
+        processor.addListener (&host);
+        return data;
+    }
+
     MainComp& main() { return *editor->getMainComp(); }
     EditorPanel& panel() { return *main().editorPanel; }
     AdvCont& advanced() { return *main().advancedPanel; }
@@ -163,6 +178,15 @@ public:
         mouse (p, {});
         press (p);
         release (p);
+        pump();
+    }
+
+    // A press of the right button, which opens the menus of rows and controls.
+    void rightPress (juce::Point<float> p)
+    {
+        mouse (p, {});
+        mouse (p, juce::ModifierKeys::rightButtonModifier);
+        mouse (p, {});
         pump();
     }
 

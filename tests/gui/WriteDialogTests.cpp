@@ -73,19 +73,6 @@ struct WriteDialog : ::testing::Test, EditorHarness
             name << juce::String::charToString ((juce::juce_wchar) words[i]);
         return name;
     }
-
-    // Ends the processor, which writes the data file, and starts a fresh one on the same folder.
-    juce::MemoryBlock restartProcessor()
-    {
-        closeEditor();
-        processor.removeListener (&host);
-        std::destroy_at (&processor);
-        juce::MemoryBlock data;
-        folder.dir.getChildFile ("tkdeskerdata.dat").loadFileAsData (data);
-        std::construct_at (&processor, folder.dir, &backend);
-        processor.addListener (&host);
-        return data;
-    }
 };
 } // namespace
 
