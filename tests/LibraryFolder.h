@@ -48,11 +48,13 @@ struct LibraryFolder
             dumps.append (vellum.Export_Syx_Bank_Rom_MB (p, 20 + p, 0, 0).getData(), AutoBank::romFrameBytes);
             add ("dumps.syx", juce::String (21 + p), vellum.Pack_Tolk_From_Bank (p));
         }
-        for (int p = 0; p < 2; ++p)
-        {
-            frames.append (amber.Export_Syx_Bank_Buf_MB (p, 0).getData(), AutoBank::patchFrameBytes);
-            add ("frames.syx", juce::String (p + 1), amber.Pack_Tolk_From_Bank (p));
-        }
+        // Two programs that differ in their category only, the word before the name.
+        amber.BankToPatch (0);
+        amber.patchData.set (150, (unsigned short) ((amber.patchData[150] + 1) % 32));
+        frames.append (amber.Export_Syx_Bank_Buf_MB (0, 0).getData(), AutoBank::patchFrameBytes);
+        frames.append (amber.Export_Syx_Patch_Buf_MB (0).getData(), AutoBank::patchFrameBytes);
+        add ("frames.syx", "1", amber.Pack_Tolk_From_Bank (0));
+        add ("frames.syx", "2", AutoBank::Pack_Patch_Tolk (amber.patchData));
         write ("dumps.syx", dumps, "sysex");
         write ("empty.tkp", {}, {}, "empty");
         write ("frames.syx", frames, "sysex");
