@@ -22,6 +22,16 @@ void* allocate (std::size_t size)
 
 void* operator new (std::size_t size) { return allocate (size); }
 void* operator new[] (std::size_t size) { return allocate (size); }
+// The standard library's temporary buffers (std::stable_sort) use the nothrow forms; they must pair
+// with the frees above.
+void* operator new (std::size_t size, const std::nothrow_t&) noexcept
+{
+    try { return allocate (size); } catch (const std::bad_alloc&) { return nullptr; }
+}
+void* operator new[] (std::size_t size, const std::nothrow_t&) noexcept
+{
+    try { return allocate (size); } catch (const std::bad_alloc&) { return nullptr; }
+}
 void operator delete (void* p) noexcept { std::free (p); }
 void operator delete[] (void* p) noexcept { std::free (p); }
 void operator delete (void* p, std::size_t) noexcept { std::free (p); }
