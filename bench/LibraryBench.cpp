@@ -1,3 +1,5 @@
+#include "editor/controls/DeskerLookAndFeel.h"
+#include "librarian/IvrGridLib.h"
 #include "librarian/LibraryIndex.h"
 #include "sound/AutoBank.h"
 #include "sound/FileMan.h"
@@ -73,3 +75,29 @@ static void BM_LibrarySearch (benchmark::State& run)
     run.counters["rows"] = (double) rows;
 }
 BENCHMARK (BM_LibrarySearch)->Arg (0)->Arg (1)->Unit (benchmark::kMillisecond);
+
+// The result of that search listed in the library's grid and painted whole, as the screen gets it.
+static void BM_LibraryGridPaint (benchmark::State& run)
+{
+    const juce::ScopedJuceInitialiser_GUI gui;
+    const DeskerLookAndFeelScope look;
+    const LibraryOf80Banks library;
+    const auto index = LibraryIndex::build (library.scratch.dir, nullptr);
+    LibraryIndex::Query query;
+    query.text = "BASS";
+    const auto rows = index->find (query);
+
+    IvrGridLib grid;
+    grid.setBounds (0, 0, 270, 324);
+    grid.Initialize ({ 45, 95, 85, 0 });
+    juce::Image image (juce::Image::ARGB, 270, 324, true);
+    for (auto _ : run)
+    {
+        grid.list (index, rows);
+        juce::Graphics g (image);
+        grid.paintEntireComponent (g, true);
+        benchmark::DoNotOptimize (image.getPixelAt (100, 100));
+    }
+    run.counters["rows"] = (double) grid.rowCount;
+}
+BENCHMARK (BM_LibraryGridPaint)->Unit (benchmark::kMillisecond);
