@@ -148,6 +148,16 @@ juce::Image paintAdvancedPicEmp (ArtBook&)
     return image;
 }
 
+// The edge of a 500 by 444 window beside the panel: a lit top, a dark foot and right side.
+static void windowEdge (juce::Graphics& g)
+{
+    g.setColour (juce::Colours::white.withAlpha (0.1f));
+    g.fillRect (0, 0, 500, 1);
+    g.setColour (juce::Colours::black.withAlpha (0.6f));
+    g.fillRect (0, 443, 500, 1);
+    g.fillRect (499, 0, 1, 444);
+}
+
 juce::Image paintBankSkin (ArtBook&)
 {
     auto image = makeImage (500, 444, false);
@@ -165,11 +175,7 @@ juce::Image paintBankSkin (ArtBook&)
     g.fillRoundedRectangle (strip, 4.0f);
     sunken (g, strip, 4.0f, 1.0f);
 
-    g.setColour (juce::Colours::white.withAlpha (0.1f));
-    g.fillRect (0, 0, 500, 1);
-    g.setColour (juce::Colours::black.withAlpha (0.6f));
-    g.fillRect (0, 443, 500, 1);
-    g.fillRect (499, 0, 1, 444);
+    windowEdge (g);
     return image;
 }
 
@@ -194,10 +200,6 @@ juce::Image paintLibSkin (ArtBook&)
     g.setColour (juce::Colour (0x5500bbbb));
     g.fillRect (14, 44, 134, 1);
 
-    g.setColour (juce::Colours::white.withAlpha (0.1f));
-    g.fillRect (0, 0, 500, 1);
-    g.setColour (juce::Colours::black.withAlpha (0.6f));
-    g.fillRect (0, 443, 500, 1);
-    g.fillRect (499, 0, 1, 444);
+    windowEdge (g);
     return image;
 }
