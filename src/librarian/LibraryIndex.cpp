@@ -189,12 +189,6 @@ juce::Array<unsigned short> LibraryIndex::wordsOf (int index) const
     return words;
 }
 
-bool LibraryIndex::sameSound (int a, int b) const
-{
-    return juce::isPositiveAndBelow (a, (int) programs.size()) && juce::isPositiveAndBelow (b, (int) programs.size())
-           && programs[(size_t) a].soundGroup == programs[(size_t) b].soundGroup;
-}
-
 int LibraryIndex::skippedFiles() const
 {
     return (int) std::count_if (sources.begin(), sources.end(), [] (const Source& s) { return s.problem.isNotEmpty(); });

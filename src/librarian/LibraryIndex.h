@@ -75,9 +75,6 @@ public:
     // The words of program `index` as the plug-in's stores hold them.
     juce::Array<unsigned short> wordsOf (int index) const;
 
-    // True when the two programs have the same words, the name aside.
-    bool sameSound (int a, int b) const;
-
     int skippedFiles() const;
 
     juce::File folder;
