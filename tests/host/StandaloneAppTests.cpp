@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "WindowManagerAtoms.h"
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
@@ -19,16 +20,7 @@ struct X11Connection
     {
         // A window that goes away between two requests is a failed capture, not the end of the tests.
         XSetErrorHandler ([] (Display*, XErrorEvent*) { return 0; });
-        // With no window manager the server lacks the atoms one creates; JUCE's window code needs them.
-        if (display != nullptr)
-            for (const char* name : { "WM_CHANGE_STATE", "WM_DELETE_WINDOW", "WM_PROTOCOLS", "WM_STATE", "WM_TAKE_FOCUS",
-                                      "_KDE_NET_WM_WINDOW_TYPE_OVERRIDE", "_MOTIF_WM_HINTS", "_NET_FRAME_EXTENTS",
-                                      "_NET_WM_ACTION_CLOSE", "_NET_WM_ACTION_FULLSCREEN", "_NET_WM_ACTION_MINIMIZE",
-                                      "_NET_WM_ACTION_RESIZE", "_NET_WM_ALLOWED_ACTIONS", "_NET_WM_PING", "_NET_WM_STATE",
-                                      "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_HIDDEN",
-                                      "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_COMBO",
-                                      "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WORKAREA" })
-                XInternAtom (display, name, False);
+        createWindowManagerAtoms (display);
     }
 
     ~X11Connection()
