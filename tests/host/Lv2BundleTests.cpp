@@ -1,20 +1,9 @@
+#include "host/HostProjects.h"
 #include "host/Lv2Host.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
-
-namespace
-{
-std::unique_ptr<juce::AudioPluginInstance> loadVst3()
-{
-    juce::VST3PluginFormat format;
-    juce::OwnedArray<juce::PluginDescription> found;
-    format.findAllTypesForFile (found, DESKER_VST3_BUNDLE);
-    juce::String error;
-    return found.isEmpty() ? nullptr : format.createInstanceFromDescription (*found[0], 44100.0, 512, error);
-}
-} // namespace
 
 TEST (Lv2Bundle, IdentityMidiProgramsAndTheVst3ParametersUnderUniqueIdsWithTheirStartValuesAsDefaults)
 {
@@ -26,7 +15,7 @@ TEST (Lv2Bundle, IdentityMidiProgramsAndTheVst3ParametersUnderUniqueIdsWithTheir
     EXPECT_TRUE (description.isInstrument);
 
     auto lv2 = host.load();
-    auto vst3 = loadVst3();
+    auto vst3 = loadVst3Instance();
     ASSERT_TRUE (lv2 != nullptr && vst3 != nullptr);
     EXPECT_TRUE (lv2->acceptsMidi() && lv2->producesMidi() && lv2->hasEditor());
     for (bool input : { true, false })

@@ -1,3 +1,4 @@
+#include "host/HostProjects.h"
 #include "host/Lv2Host.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +7,7 @@
 namespace
 {
 // The host keeps a plug-in's state as LV2 state text; our bank chunk is in it as one string.
-struct Lv2State
+struct Lv2State : BankChunk
 {
     explicit Lv2State (juce::AudioPluginInstance& instance)
     {
@@ -19,8 +20,7 @@ struct Lv2State
         EXPECT_GT (end, start) << text;
         if (end > start)
             chunk.fromBase64Encoding (text.substring (start, end));
-        EXPECT_GE (chunk.getSize(), 27u + 51200u);
-        chunk.ensureSize (27 + 51200, true); // a failed expectation never reads past the end
+        expectWholeBank();
     }
 
     void restoreInto (juce::AudioPluginInstance& instance)
@@ -29,16 +29,8 @@ struct Lv2State
         instance.setStateInformation (changed.toRawUTF8(), (int) changed.getNumBytesAsUTF8());
     }
 
-    juce::uint8* bank() { return static_cast<juce::uint8*> (chunk.getData()) + 27; }
-    void setWord (int program, int element, int value)
-    {
-        bank()[program * 400 + element * 2] = (juce::uint8) (value & 0xFF);
-        bank()[program * 400 + element * 2 + 1] = (juce::uint8) (value >> 8);
-    }
-
     juce::String text;
     int start = -1, end = -1;
-    juce::MemoryBlock chunk;
 };
 } // namespace
 
@@ -70,26 +62,10 @@ TEST (Lv2Project, StateRestoresTheSameBankInAnotherInstanceForeignOrShortChangeN
     auto first = host.load(), second = host.load();
     ASSERT_TRUE (first != nullptr && second != nullptr);
 
-    // A bank unlike any default: every program its own cutoff, LFO rate and name.
     Lv2State saved (*first);
-    for (int p = 0; p < 128; ++p)
-    {
-        saved.setWord (p, 32, ((p * 2) & 255) << 8);
-        saved.setWord (p, 17, p << 8);
-        const auto name = ("Program " + juce::String (p)).paddedRight (' ', 24);
-        for (int c = 0; c < 24; ++c)
-            saved.setWord (p, 151 + c, name[c]);
-    }
+    writeDistinctBank (saved);
     saved.restoreInto (*first);
     Lv2State (*first).restoreInto (*second);
     EXPECT_EQ (std::memcmp (Lv2State (*second).bank(), saved.bank(), 51200), 0);
-
-    Lv2State foreign (*second), shortOne (*second);
-    std::memcpy (foreign.chunk.getData(), "CorvanePluginSettings", 17);
-    std::memset (foreign.bank(), 0x55, 51200);
-    foreign.restoreInto (*second);
-    std::memset (shortOne.bank(), 0x55, 500 - 27); // our tag, but short of a bank
-    shortOne.chunk.setSize (500);
-    shortOne.restoreInto (*second);
-    EXPECT_EQ (std::memcmp (Lv2State (*second).bank(), saved.bank(), 51200), 0);
+    expectForeignAndShortChunksChangeNothing (*second, saved);
 }

@@ -1,22 +1,13 @@
-#include <juce_audio_processors/juce_audio_processors.h>
+#include "host/HostProjects.h"
 
 #include <gtest/gtest.h>
 
 // What a DAW sees of automation, projects and program selection, through the built VST3 bundle.
 namespace
 {
-std::unique_ptr<juce::AudioPluginInstance> loadInstance()
-{
-    juce::VST3PluginFormat format;
-    juce::OwnedArray<juce::PluginDescription> found;
-    format.findAllTypesForFile (found, DESKER_VST3_BUNDLE);
-    juce::String error;
-    return found.isEmpty() ? nullptr : format.createInstanceFromDescription (*found[0], 44100.0, 512, error);
-}
-
 // The host keeps a plug-in's state as an XML document holding the component's own bytes,
 // which begin with our bank chunk.
-struct HostState
+struct HostState : BankChunk
 {
     explicit HostState (juce::AudioPluginInstance& instance)
     {
@@ -24,35 +15,26 @@ struct HostState
         instance.getStateInformation (saved);
         xml = juce::AudioProcessor::getXmlFromBinary (saved.getData(), (int) saved.getSize());
         if (auto* component = xml != nullptr ? xml->getChildByName ("IComponent") : nullptr)
-            componentBytes.fromBase64Encoding (component->getAllSubText());
-        EXPECT_GE (componentBytes.getSize(), 27u + 51200u);
-        componentBytes.ensureSize (27 + 51200, true); // a failed expectation never reads past the end
+            chunk.fromBase64Encoding (component->getAllSubText());
+        expectWholeBank();
     }
 
     void restoreInto (juce::AudioPluginInstance& instance)
     {
         xml->getChildByName ("IComponent")->deleteAllTextElements();
-        xml->getChildByName ("IComponent")->addTextElement (componentBytes.toBase64Encoding());
+        xml->getChildByName ("IComponent")->addTextElement (chunk.toBase64Encoding());
         juce::MemoryBlock data;
         juce::AudioProcessor::copyXmlToBinary (*xml, data);
         instance.setStateInformation (data.getData(), (int) data.getSize());
     }
 
-    juce::uint8* bank() { return static_cast<juce::uint8*> (componentBytes.getData()) + 27; }
-    void setWord (int program, int element, int value)
-    {
-        bank()[program * 400 + element * 2] = (juce::uint8) (value & 0xFF);
-        bank()[program * 400 + element * 2 + 1] = (juce::uint8) (value >> 8);
-    }
-
     std::unique_ptr<juce::XmlElement> xml;
-    juce::MemoryBlock componentBytes;
 };
 } // namespace
 
 TEST (HostProject, AutomationMovesSoundParametersAndTheirTexts)
 {
-    auto instance = loadInstance();
+    auto instance = loadVst3Instance();
     ASSERT_NE (instance, nullptr);
     auto& params = instance->getParameters();
     ASSERT_EQ (params[15]->getName (64), "Filter Cutoff");
@@ -66,34 +48,18 @@ TEST (HostProject, AutomationMovesSoundParametersAndTheirTexts)
 
 TEST (HostProject, StateRestoresTheSameBankInAnotherInstanceProgramsRecallItForeignOrShortChangeNothing)
 {
-    auto first = loadInstance(), second = loadInstance();
+    auto first = loadVst3Instance(), second = loadVst3Instance();
     ASSERT_TRUE (first != nullptr && second != nullptr);
 
     HostState saved (*first);
     ASSERT_NE (saved.xml, nullptr);
 
-    // A bank unlike any default: every program its own cutoff, LFO rate and name.
-    for (int p = 0; p < 128; ++p)
-    {
-        saved.setWord (p, 32, ((p * 2) & 255) << 8);
-        saved.setWord (p, 17, p << 8);
-        const auto name = ("Program " + juce::String (p)).paddedRight (' ', 24);
-        for (int c = 0; c < 24; ++c)
-            saved.setWord (p, 151 + c, name[c]);
-    }
+    writeDistinctBank (saved);
     saved.restoreInto (*first);
     HostState (*first).restoreInto (*second);
     HostState check (*second);
     EXPECT_EQ (std::memcmp (check.bank(), saved.bank(), 51200), 0);
-
-    HostState foreign (*second), shortOne (*second);
-    std::memcpy (foreign.componentBytes.getData(), "CorvanePluginSettings", 17);
-    std::memset (foreign.bank(), 0x55, 51200);
-    foreign.restoreInto (*second);
-    std::memset (shortOne.bank(), 0x55, 500 - 27); // our tag, but short of a bank
-    shortOne.componentBytes.setSize (500);
-    shortOne.restoreInto (*second);
-    EXPECT_EQ (std::memcmp (HostState (*second).bank(), saved.bank(), 51200), 0);
+    expectForeignAndShortChunksChangeNothing (*second, saved);
 
     for (int p : { 9, 100, 0 })
     {
