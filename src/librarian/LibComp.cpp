@@ -146,10 +146,7 @@ void LibComp::changeListenerCallback (juce::ChangeBroadcaster* source)
     else if (source == &doublesButton)
         actionCode = actionDoubles;
     else if (source == &categoryButton)
-    {
-        mode = 1;
         actionCode = 200;
-    }
     else
         return;
     sendChangeMessage();

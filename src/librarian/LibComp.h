@@ -13,7 +13,7 @@ class LibraryScan;
 // The library window over the bank window, 500 by 444: every program of the sound files in a
 // folder, found by name, category, file and duplicates. It reads the folder each time it is shown,
 // off the message thread. It reports like BankComp: `actionCode` 890 "FILE", 891 "MIDI",
-// 201 "PRESETS", 200 with `mode` 1 "Category", 892 "Doubles". Its "LIBRARY" returns to the banks.
+// 201 "PRESETS", 200 "Category", 892 "Doubles". Its "LIBRARY" returns to the banks.
 class LibComp : public juce::Component,
                 public juce::ChangeBroadcaster,
                 public juce::ChangeListener,
@@ -50,7 +50,6 @@ public:
     IvrBut fileButton, midiButton, presetsButton, libraryButton;
 
     int actionCode = 0;
-    int mode = 0;
     juce::File folder;
     std::shared_ptr<const LibraryIndex> index;
     LibraryIndex::Query query;
