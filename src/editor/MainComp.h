@@ -144,6 +144,8 @@ public:
     // The library window (MainCompLib.cpp): its folder, kept in the settings, its menus, and its
     // grid's actions: a press auditions the program, a popup click opens the program's menu.
     juce::File libraryFolder() const;
+    // "Library" in the settings folder.
+    juce::File defaultLibraryFolder() const;
     void setLibraryFolder (const juce::File& folder);
     void LibraryPopupFILE();
     void LibraryAct();

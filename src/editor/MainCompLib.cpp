@@ -16,11 +16,16 @@ constexpr int copyToBankIds = 1000; // + bank * 128 + program
 const char* const soundFilePatterns = "*.syx;*.tkbn;*.tkp;*.tkr";
 } // namespace
 
+juce::File MainComp::defaultLibraryFolder() const
+{
+    return state->getSettingsFolder().getChildFile ("Library");
+}
+
 juce::File MainComp::libraryFolder() const
 {
     const auto saved = state->iniStrings[MidiCntrState::libraryFolderSlot];
     if (saved.isEmpty() || saved == "0" || ! juce::File::isAbsolutePath (saved))
-        return state->getSettingsFolder().getChildFile ("Library");
+        return defaultLibraryFolder();
     return juce::File (saved);
 }
 
@@ -30,7 +35,7 @@ void MainComp::setLibraryFolder (const juce::File& folder)
     // The settings file cannot hold its own separators.
     if (path.contains ("^|") || path.contains ("|^"))
         return;
-    const bool isDefault = folder == state->getSettingsFolder().getChildFile ("Library");
+    const bool isDefault = folder == defaultLibraryFolder();
     state->iniStrings.set (MidiCntrState::libraryFolderSlot, isDefault ? juce::String ("0") : path);
     state->ReadWriteIni (1);
     bankPanel->library->setFolder (folder);
@@ -146,7 +151,7 @@ void MainComp::libraryDoublesMenu()
 void MainComp::LibraryPopupFILE()
 {
     auto& library = *bankPanel->library;
-    const bool isDefault = library.folder == state->getSettingsFolder().getChildFile ("Library");
+    const bool isDefault = library.folder == defaultLibraryFolder();
 
     juce::PopupMenu menu;
     menu.addItem (1, "Add Files to the Library...");
@@ -168,7 +173,7 @@ void MainComp::LibraryPopupFILE()
                 lib.folder.startAsProcess();
                 break;
             case 4: chooseLibraryFolder(); break;
-            case 5: setLibraryFolder (state->getSettingsFolder().getChildFile ("Library")); break;
+            case 5: setLibraryFolder (defaultLibraryFolder()); break;
             default: break;
         }
     });
@@ -184,10 +189,12 @@ void MainComp::addFilesToLibrary()
     libraryChooser->launchAsync (flags, [this] (const juce::FileChooser& chooser)
     {
         auto& library = *bankPanel->library;
+        if (chooser.getResults().isEmpty() || ! library.folder.createDirectory())
+            return;
         bool added = false;
         for (const auto& file : chooser.getResults())
         {
-            if (! file.existsAsFile() || ! LibraryIndex::isSoundFile (file) || ! library.folder.createDirectory())
+            if (! file.existsAsFile() || ! LibraryIndex::isSoundFile (file))
                 continue;
             // A file of the same name is kept: the copy gets a name of its own.
             added |= file.copyFileTo (library.folder.getNonexistentChildFile (file.getFileNameWithoutExtension(), file.getFileExtension(), false));
